@@ -1,0 +1,10 @@
+# The sanitizer builds instrument everything built here, the libraries as well as the tests.
+if(MIREL_SANITIZE STREQUAL "address")
+  add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  add_link_options(-fsanitize=address,undefined)
+elseif(MIREL_SANITIZE STREQUAL "thread")
+  add_compile_options(-fsanitize=thread -fno-omit-frame-pointer)
+  add_link_options(-fsanitize=thread)
+elseif(NOT MIREL_SANITIZE STREQUAL "")
+  message(FATAL_ERROR "MIREL_SANITIZE must be empty, 'address' or 'thread'")
+endif()
