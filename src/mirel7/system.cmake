@@ -1,1 +1,9 @@
 # Sources of the base layer's system area: target_sources(mirel7 PRIVATE ...)
+target_sources(mirel7 PRIVATE
+  event_sender.cpp
+  events.cpp
+  mirel_control.cpp
+  notify.cpp
+  palette.cpp
+  system.cpp
+)

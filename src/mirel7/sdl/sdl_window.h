@@ -1,0 +1,55 @@
+#pragma once
+
+#include <mirel7/export.h>
+#include <mirel7/sys_window_base.h>
+
+#include <cstdint>
+#include <memory>
+#include <string>
+
+struct SDL_Window;
+struct SDL_Cursor;
+union SDL_Event;
+
+namespace mirel7::sdl {
+
+class CSdlSystem;
+
+// A top-level window of the desktop, shown from the start. Its back buffer is presented through the window
+// surface, only where it changed. The user's closing it sends the destroy event; the object stays until
+// its owner deletes it.
+class MIREL7_API CSdlWindow : public CSysWindowBase {
+public:
+    // Without a painter the window makes one of the drawing backend. Without a position the desktop places
+    // it.
+    CSdlWindow(CSdlSystem& system, std::string const& title, size<int> clientSize,
+               std::unique_ptr<IWindowPainter> painter = {}, point<int> const* position = nullptr);
+    ~CSdlWindow() override;
+
+    // Closes the window as the user would.
+    void Close();
+    bool IsOpen() const { return m_window != nullptr; }
+    std::uint32_t GetId() const { return m_id; }
+
+    // Turns one SDL event addressed to this window into event records.
+    void Dispatch(SDL_Event const& event);
+
+protected:
+    point<int> GetScreenOrigin() const override;
+    void ApplyCursor(int cursor) override;
+    void ApplyCapture(bool captured) override;
+    void RequestFocus() override;
+    void Present(screen_rectangle<int> const& area) override;
+    void Wake() override;
+
+private:
+    void DispatchWindowEvent(SDL_Event const& event);
+
+    CSdlSystem& m_sdlSystem;
+    SDL_Window* m_window = nullptr;
+    std::uint32_t m_id = 0;
+    SDL_Cursor* m_sdlCursor = nullptr;
+    bool m_pendingDoubleClick = false;
+};
+
+} // namespace mirel7::sdl

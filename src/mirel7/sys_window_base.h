@@ -1,0 +1,136 @@
+#pragma once
+
+#include <mirel7/event_sender.h>
+#include <mirel7/events.h>
+#include <mirel7/export.h>
+#include <mirel7/runnable_queue.h>
+#include <mirel7/sys_window.h>
+#include <mirel7/timer.h>
+#include <mirel7/window_painter.h>
+
+#include <memory>
+
+namespace mirel7 {
+
+class CSystemBase;
+
+// What the windows of every backend share: the sender, the paint and present cycle over the back buffer,
+// focus, cursor and capture state, pointer tracking with hover and leave, and the runnable queue. A backend
+// adds what the desktop does (the hooks below) and turns its input into the Send functions, which build the
+// event records and send them.
+class MIREL7_API CSysWindowBase : public ISysWindow {
+public:
+    CSysWindowBase(CSysWindowBase const&) = delete;
+    CSysWindowBase& operator=(CSysWindowBase const&) = delete;
+    // Backends call SendDestroy() in their destructors, while their hooks still work.
+    ~CSysWindowBase() override;
+
+    IEventSender* GetEventSender() override { return m_sender.get(); }
+    void GetClientRect(screen_rectangle<int>& rect) const override;
+    void Invalidate(screen_rectangle<int> const& rect) override;
+    void PaintNow() override;
+    void SetFocus() override;
+    bool HasFocus() const override { return m_focused; }
+    void SetCursor(int cursor) override;
+    int GetCursor() const override { return m_cursor; }
+    void CaptureMouse() override;
+    void ReleaseMouse() override;
+    bool HasCapture() const override { return m_captured; }
+    void TrackMouse() override;
+    void ScreenToClient(point<int>& p) const override;
+    void ClientToScreen(point<int>& p) const override;
+    bool ScrollWindow(int dx, int dy, screen_rectangle<int> const& source) override;
+    IWindowPainter* GetPainter() override { return m_painter.get(); }
+    void PostRunnable(IRunnable* runnable) override;
+    ISynchronizer* GetSynchronizer() override { return &m_queue; }
+    bool IsClosing() const override { return m_closing; }
+
+    // The event loop's part, on the GUI thread. Runs the runnables posted so far and answers how many ran.
+    int RunRunnables() { return m_queue.RunPending(); }
+    // Runs a pending paint, then shows what changed since the last time. Answers whether it painted.
+    bool PaintPending();
+    bool IsPaintPending() const { return m_paintPending; }
+    int GetPaintCount() const { return m_paints; }
+
+    // The cursor ids SetCursor knows; every other id stands for the arrow.
+    static int NormalizeCursor(int cursor);
+
+protected:
+    CSysWindowBase(CSystemBase& system, size<int> clientSize, std::unique_ptr<IWindowPainter> painter);
+
+    CSystemBase& GetSystem() const { return m_system; }
+
+    // The backend's part.
+    virtual point<int> GetScreenOrigin() const = 0;
+    virtual void ApplyCursor(int cursor) = 0;
+    virtual void ApplyCapture(bool captured) = 0;
+    virtual void RequestFocus() = 0;
+    // Shows the back buffer's pixels of `area` (right and bottom exclusive) on the desktop.
+    virtual void Present(screen_rectangle<int> const& area) = 0;
+    // Called from any thread after a runnable was posted.
+    virtual void Wake() = 0;
+
+    // Input as the desktop reports it, in client pixels; `modifiers` holds FlagShift, FlagControl and
+    // FlagAlt. The window adds the button state to the flags.
+    void SendButton(bool down, int x, int y, MouseButton button, int modifiers);
+    // The second press of a double click: sends the double-click record where a down would go.
+    void SendDoubleClick(int x, int y, MouseButton button, int modifiers);
+    void SendMove(int x, int y, int modifiers);
+    void SendWheel(int x, int y, int delta, int modifiers);
+    // The pointer left the window; reported if tracked, and not while the pointer is captured.
+    void SendLeave();
+    // The pointer rested; reported if tracked.
+    void SendHover();
+    CKeyboardEvent SendKey(bool down, int virtualKey, int modifiers);
+    CKeyboardEvent SendChar(int characterCode, int modifiers);
+    void SendFocus(bool focused);
+    void SendResize(size<int> clientSize);
+    void SendContextMenu(int x, int y);
+    CTooltipEvent SendTooltip(int x, int y, bool track);
+    void SendCustom(int data);
+    void SendSysColorChanged();
+    // Sends the destroy event once, drops the pending runnables and marks the window as closing.
+    void SendDestroy();
+    void SetClosing() { m_closing = true; }
+
+    bool IsPointerInside() const { return m_pointerInside; }
+    point<int> GetPointerPosition() const { return m_pointer; }
+
+private:
+    class CHoverTimer : public CTimerNotify {
+    public:
+        explicit CHoverTimer(CSysWindowBase& window) : m_window(window) {}
+        void OnTimer(CTimerEvent* event) override;
+
+    private:
+        CSysWindowBase& m_window;
+    };
+
+    CMouseEvent PointerEvent(int x, int y, MouseButton button, int modifiers) const;
+    void AddDamage(screen_rectangle<int> const& area);
+
+    CSystemBase& m_system;
+    std::unique_ptr<IEventSender> m_sender = CreateDefSenderList();
+    std::unique_ptr<IWindowPainter> m_painter;
+    CRunnableQueue m_queue;
+    size<int> m_size;
+    bool m_paintPending = false;
+    int m_paints = 0;
+    screen_rectangle<int> m_damage;
+    bool m_focused = false;
+    bool m_closing = false;
+    bool m_destroySent = false;
+    int m_cursor = CursorArrow;
+    bool m_captured = false;
+    int m_buttons = 0; // bit per MouseButton held
+    int m_modifiers = 0;
+    bool m_pointerInside = false;
+    point<int> m_pointer;
+    bool m_trackLeave = false;
+    bool m_trackHover = false;
+    bool m_leftWhileCaptured = false;
+    CHoverTimer m_hover{*this};
+    mirel_ptr<ISysTimer> m_hoverTimer;
+};
+
+} // namespace mirel7
