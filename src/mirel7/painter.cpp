@@ -1,10 +1,12 @@
 #include <mirel7/painter.h>
+#include <mirel7/popup_menu.h>
 
 namespace mirel7 {
 
 IPainter::~IPainter() = default;
 IPainter::ITextFormatter::~ITextFormatter() = default;
 IRasterPicture::~IRasterPicture() = default;
+IPopupMenu::~IPopupMenu() = default;
 
 namespace {
 template <class Convert>
