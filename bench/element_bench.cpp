@@ -1,0 +1,103 @@
+// What elements cost: making one, laying many out, and a paint pass after one element changed against a
+// full repaint of the same tree, through the recording painter and the drawing backend.
+#include <mirelfrw7/core/base_control.h>
+
+#include <mirel7/headless/headless_system.h>
+#include <mirel7/headless/headless_window.h>
+#include <mirel7/recording_painter.h>
+
+#include <benchmark/benchmark.h>
+
+#include <atomic>
+#include <cstdlib>
+#include <memory>
+#include <new>
+
+namespace {
+std::atomic<std::size_t> g_allocatedBytes{0};
+} // namespace
+
+void* operator new(std::size_t size) {
+    g_allocatedBytes.fetch_add(size, std::memory_order_relaxed);
+    if (void* p = std::malloc(size ? size : 1))
+        return p;
+    throw std::bad_alloc();
+}
+void operator delete(void* p) noexcept { std::free(p); }
+void operator delete(void* p, std::size_t) noexcept { std::free(p); }
+
+namespace {
+
+using namespace mirelfrw7;
+
+class CBlock : public CVisualElement {
+public:
+    using CVisualElement::CVisualElement;
+    void DrawContent(IPainter* painter) override {
+        rectangle<int> const b = GetBounds();
+        painter->FillRect(b.left, b.top, b.right, b.bottom);
+    }
+};
+
+void ElementLifetime(benchmark::State& state) {
+    mirel7::headless::CHeadlessSystem system;
+    CBlock parent(nullptr, {0, 0}, AlignNone);
+    std::size_t const before = g_allocatedBytes.load();
+    for (auto _ : state) {
+        auto* e = new CBlock(&parent, {10, 10}, AlignLeft);
+        delete e;
+    }
+    state.counters["bytes"] = benchmark::Counter(double(g_allocatedBytes.load() - before) / double(state.iterations()));
+}
+BENCHMARK(ElementLifetime);
+
+// A control with `count` leaves docked in rows of ten under strips.
+struct STree {
+    explicit STree(int count, bool record)
+        : window(system, {1000, 800},
+                 record ? std::unique_ptr<mirel7::IWindowPainter>(std::make_unique<mirel7::CRecordingPainter>())
+                        : std::unique_ptr<mirel7::IWindowPainter>()),
+          control(&window) {
+        for (int row = 0; row < count / 10; ++row) {
+            auto* strip = new CBlock(control.GetContent(), {0, 1}, AlignTop);
+            for (int i = 0; i < 10; ++i)
+                last = new CBlock(strip, {9, 0}, AlignLeft);
+        }
+        window.Paint();
+    }
+    mirel7::headless::CHeadlessSystem system;
+    mirel7::headless::CHeadlessWindow window;
+    CBaseControl control;
+    CVisualElement* last = nullptr;
+};
+
+void ForcedSetPos(benchmark::State& state) {
+    STree tree(static_cast<int>(state.range(0)), true);
+    CVisualElement* root = tree.control.GetContent();
+    for (auto _ : state)
+        root->SetPos(root->GetPosition(), true);
+    state.SetItemsProcessed(state.iterations() * state.range(0));
+}
+BENCHMARK(ForcedSetPos)->Arg(1000)->Arg(10000);
+
+void PartialPaint(benchmark::State& state) {
+    STree tree(10000, state.range(0) == 0);
+    for (auto _ : state) {
+        tree.last->Update(UpdateLocal);
+        tree.window.Paint();
+    }
+}
+BENCHMARK(PartialPaint)->Arg(0)->Arg(1)->ArgNames({"cairo"});
+
+void FullPaint(benchmark::State& state) {
+    STree tree(10000, state.range(0) == 0);
+    for (auto _ : state) {
+        tree.control.GetContent()->Update(UpdateLocal);
+        tree.window.Paint();
+    }
+}
+BENCHMARK(FullPaint)->Arg(0)->Arg(1)->ArgNames({"cairo"});
+
+} // namespace
+
+BENCHMARK_MAIN();
