@@ -5,6 +5,16 @@
 
 namespace mirel7 {
 
+namespace {
+// The state of the runner whose thread this is, so the runner can tell its own worker without reading its
+// std::thread, which the GUI thread may be assigning at that moment.
+thread_local void const* t_runnerState = nullptr;
+} // namespace
+
+bool CThreadRunner::IsOnWorker() const {
+    return t_runnerState == m_state.get();
+}
+
 CThreadRunner::CThreadRunner() : m_state(std::make_shared<SState>()) {}
 
 CThreadRunner::~CThreadRunner() {
@@ -22,7 +32,7 @@ void CThreadRunner::SignalStop() {
 
 void CThreadRunner::ReleaseThread() {
     if (!m_thread.joinable()) return;
-    if (m_thread.get_id() == std::this_thread::get_id())
+    if (IsOnWorker())
         m_thread.detach();
     else
         m_thread.join();
@@ -39,6 +49,7 @@ bool CThreadRunner::Run(IDataProcessor* processor) {
     // A thread of an earlier run has left its loop and only remains to be joined.
     ReleaseThread();
     m_thread = std::thread([state = m_state, processor] {
+        t_runnerState = state.get();
         for (;;) {
             {
                 std::lock_guard lock(state->mutex);
@@ -54,7 +65,7 @@ bool CThreadRunner::Run(IDataProcessor* processor) {
 
 void CThreadRunner::Stop() {
     SignalStop();
-    if (m_thread.joinable() && m_thread.get_id() != std::this_thread::get_id()) m_thread.join();
+    if (!IsOnWorker() && m_thread.joinable()) m_thread.join();
 }
 
 bool CThreadRunner::Sleep(int ms) {

@@ -31,6 +31,7 @@ private:
         bool stopping = false;
     };
 
+    bool IsOnWorker() const;
     void SignalStop();
     // Joins the thread of an earlier run, or lets it go when called on it.
     void ReleaseThread();
