@@ -46,6 +46,10 @@ public:
         return Subscribe(static_cast<INotify*>(notify), typeid(T));
     }
     template <class T>
+    bool SubscribeToFront(std::type_identity_t<T>* notify) {
+        return SubscribeToFront(static_cast<INotify*>(notify), typeid(T));
+    }
+    template <class T>
     bool Unsubscribe(std::type_identity_t<T>* notify) {
         return Unsubscribe(static_cast<INotify*>(notify), typeid(T));
     }
@@ -72,6 +76,7 @@ public:
     ~CImplEventSender() override;
 
     using IEventSender::Subscribe;
+    using IEventSender::SubscribeToFront;
     using IEventSender::Unsubscribe;
 
     bool SubscribeToFront(INotify* notify, std::type_info const& type, bool notifyStart = true) override;

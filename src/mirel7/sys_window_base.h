@@ -97,6 +97,8 @@ protected:
     point<int> GetPointerPosition() const { return m_pointer; }
 
 private:
+    friend class CSystemBase;
+
     class CHoverTimer : public CTimerNotify {
     public:
         explicit CHoverTimer(CSysWindowBase& window) : m_window(window) {}

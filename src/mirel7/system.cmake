@@ -5,5 +5,10 @@ target_sources(mirel7 PRIVATE
   mirel_control.cpp
   notify.cpp
   palette.cpp
+  runnable_queue.cpp
+  sys_window_base.cpp
   system.cpp
+  system_base.cpp
+  thread_runner.cpp
+  timer_queue.cpp
 )

@@ -1,0 +1,294 @@
+#include "mirel7/system/journal_control.h"
+#include "mirel7/system/pixel_painter.h"
+
+#include <mirel7/event_sender.h>
+#include <mirel7/headless/headless_system.h>
+#include <mirel7/headless/headless_window.h>
+#include <mirel7/palette.h>
+#include <mirel7/runnable.h>
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+namespace {
+
+using namespace mirel7;
+using mirel7::headless::CHeadlessSystem;
+using mirel7::headless::CHeadlessWindow;
+using mirel_test::CJournalControl;
+using mirel_test::CPixelPainter;
+using Journal = std::vector<std::string>;
+
+class HeadlessWindow : public testing::Test {
+protected:
+    CHeadlessSystem system;
+    CPixelPainter* painter = new CPixelPainter({40, 30});
+    CHeadlessWindow window{system, {40, 30}, std::unique_ptr<IWindowPainter>(painter)};
+    CJournalControl control{&window};
+};
+
+TEST_F(HeadlessWindow, ButtonFlagsTellTheStateAfterTheEvent) {
+    window.InjectButtonDown(5, 6, ButtonLeft, FlagShift);
+    window.InjectMouseMove(7, 8);
+    window.InjectButtonUp(7, 8, ButtonLeft, FlagControl);
+    window.InjectMouseMove(9, 9);
+    window.InjectButtonDown(9, 9, ButtonRight);
+    window.InjectMouseMove(10, 9);
+    EXPECT_EQ(control.Take(), (Journal{"ButtonDown 5,6 flags=257 button=1", "Move 7,8 flags=1 button=1",
+                                       "ButtonUp 7,8 flags=512 button=1", "Move 9,9 flags=0 button=0",
+                                       "ButtonDown 9,9 flags=0 button=3", "Move 10,9 flags=0 button=3"}));
+}
+
+TEST_F(HeadlessWindow, DoubleClickArrivesAsDownUpDoubleClickUp) {
+    window.InjectDoubleClick(3, 4);
+    EXPECT_EQ(control.Take(), (Journal{"ButtonDown 3,4 flags=1 button=1", "ButtonUp 3,4 flags=0 button=1",
+                                       "DoubleClick 3,4 flags=1 button=1", "ButtonUp 3,4 flags=0 button=1"}));
+}
+
+TEST_F(HeadlessWindow, WheelKeysAndCharactersKeepTheirCodes) {
+    window.InjectWheel(1, 2, -2, FlagControl);
+    CKeyboardEvent const down = window.InjectKeyDown(KeyTab, FlagShift);
+    window.InjectChar('a');
+    window.InjectKeyUp('C', FlagControl | FlagAlt);
+    EXPECT_EQ(control.Take(),
+              (Journal{"Wheel 1,2 flags=512 button=0 delta=-2", "KeyDown key=9 char=0 flags=256",
+                       "Char key=0 char=97 flags=0", "KeyUp key=67 char=0 flags=1536"}));
+    EXPECT_TRUE(down.handled) << "the result words start set";
+    EXPECT_TRUE(down.passToBase);
+}
+
+TEST_F(HeadlessWindow, KeyboardResultWordsComeBackAsTheReceiversLeftThem) {
+    struct CClearing : CSubscriber<IKeyboardNotify> {
+        void OnKeyDown(CKeyboardEvent* e) override { e->passToBase = false; }
+        void OnKeyUp(CKeyboardEvent* e) override { e->handled = false; }
+        void OnChar(CKeyboardEvent*) override {}
+    } clearing;
+    control.Subscribe<IKeyboardNotify>(&clearing);
+    CKeyboardEvent const down = window.InjectKeyDown(KeyReturn);
+    CKeyboardEvent const up = window.InjectKeyUp(KeyReturn);
+    EXPECT_TRUE(down.handled);
+    EXPECT_FALSE(down.passToBase);
+    EXPECT_FALSE(up.handled);
+    EXPECT_TRUE(up.passToBase);
+}
+
+TEST_F(HeadlessWindow, TheControlsOwnSubscribersSeeTheEventAfterIt) {
+    struct CWatcher : CSubscriber<IMouseNotify> {
+        explicit CWatcher(CJournalControl& c) : control(c) {}
+        void OnButtonDown(CMouseEvent*) override { control.journal.push_back("watcher"); }
+        void OnButtonUp(CMouseEvent*) override {}
+        void OnMouseMove(CMouseEvent*) override {}
+        void OnWheel(CMouseWheelEvent*) override {}
+        CJournalControl& control;
+    };
+    {
+        CWatcher watcher(control);
+        EXPECT_TRUE(control.Subscribe<IMouseNotify>(&watcher));
+        window.InjectButtonDown(1, 1);
+        EXPECT_EQ(control.Take(), (Journal{"ButtonDown 1,1 flags=1 button=1", "watcher"}));
+    }
+    EXPECT_EQ(control.GetSubscribersCount(typeid(IMouseNotify)), 0) << "a dying subscriber leaves";
+    window.InjectButtonUp(1, 1);
+    EXPECT_EQ(control.Take(), (Journal{"ButtonUp 1,1 flags=0 button=1"}));
+}
+
+TEST_F(HeadlessWindow, FocusArrivesOnTheNextTurnNeverInsideSetFocus) {
+    window.SetFocus();
+    EXPECT_TRUE(control.Take().empty());
+    EXPECT_FALSE(window.HasFocus());
+    EXPECT_EQ(window.GetFocusRequestCount(), 1);
+    window.RunPending();
+    EXPECT_TRUE(window.HasFocus());
+    window.InjectFocusIn();
+    window.InjectFocusOut();
+    EXPECT_EQ(control.Take(), (Journal{"GetFocus", "LostFocus"})) << "only changes are reported";
+    EXPECT_FALSE(window.HasFocus());
+}
+
+TEST_F(HeadlessWindow, LeaveAndHoverAreReportedOncePerTrackMouse) {
+    window.InjectMouseMove(5, 5);
+    window.InjectLeave();
+    system.Advance(1000);
+    EXPECT_EQ(control.Take(), (Journal{"Move 5,5 flags=0 button=0"})) << "nothing tracked, nothing reported";
+
+    window.InjectMouseMove(5, 5);
+    window.TrackMouse();
+    system.Advance(300);
+    window.InjectMouseMove(6, 5);
+    system.Advance(499);
+    EXPECT_EQ(control.Take().size(), 2u) << "the move restarted the rest";
+    system.Advance(1);
+    system.Advance(1000);
+    EXPECT_EQ(control.Take(), (Journal{"Hover 6,5 flags=0 button=0"}));
+    window.InjectLeave();
+    window.InjectLeave();
+    EXPECT_EQ(control.Take(), (Journal{"Leave"}));
+}
+
+TEST_F(HeadlessWindow, LeavingWhileCapturedIsReportedWhenTheCaptureEnds) {
+    window.InjectMouseMove(5, 5);
+    window.TrackMouse();
+    window.CaptureMouse();
+    EXPECT_TRUE(window.HasCapture());
+    window.InjectLeave();
+    EXPECT_EQ(control.Take().size(), 1u) << "a grab's crossing is no leave";
+    window.ReleaseMouse();
+    EXPECT_EQ(control.Take(), (Journal{"Leave"}));
+    EXPECT_EQ(window.GetCaptureCount(), 1);
+
+    window.InjectMouseMove(5, 5);
+    window.TrackMouse();
+    window.CaptureMouse();
+    window.InjectLeave();
+    window.InjectMouseMove(6, 6); // back inside before the release
+    window.ReleaseMouse();
+    EXPECT_EQ(control.Take(), (Journal{"Move 5,5 flags=0 button=0", "Move 6,6 flags=0 button=0"}));
+}
+
+TEST_F(HeadlessWindow, InvalidationsMakeOnePaintPerTurn) {
+    window.Invalidate({0, 0, 10, 10});
+    window.Invalidate({5, 5, 40, 30});
+    EXPECT_TRUE(control.Take().empty());
+    EXPECT_TRUE(window.Paint());
+    EXPECT_FALSE(window.Paint());
+    EXPECT_EQ(control.Take(), (Journal{"Draw"}));
+    EXPECT_EQ(window.GetInvalidateCount(), 2);
+    EXPECT_EQ(window.GetPaintCount(), 1);
+}
+
+TEST_F(HeadlessWindow, ResizeResizesTheBufferAndAsksForAPaint) {
+    window.InjectResize(60, 20);
+    screen_rectangle<int> client;
+    window.GetClientRect(client);
+    EXPECT_EQ(client, (screen_rectangle<int>{0, 0, 60, 20}));
+    EXPECT_EQ(painter->GetBufferSize(), (size<int>{60, 20}));
+    EXPECT_TRUE(window.Paint());
+    EXPECT_EQ(control.Take(), (Journal{"Resize", "Draw"}));
+}
+
+TEST_F(HeadlessWindow, ScrollWindowMovesExactlyTheInclusiveSourceRectangle) {
+    painter->Fill(0, 0, 39, 29, 0xFF0000FFu);
+    painter->Fill(10, 10, 19, 14, 0xFFFF0000u);
+    EXPECT_TRUE(window.ScrollWindow(5, -3, {10, 10, 19, 14}));
+    EXPECT_EQ(window.GetScrollCount(), 1);
+    for (int y = 0; y < 30; ++y)
+        for (int x = 0; x < 40; ++x) {
+            bool const moved = x >= 15 && x <= 24 && y >= 7 && y <= 11;
+            bool const keptSource = x >= 10 && x <= 19 && y >= 10 && y <= 14;
+            std::uint32_t const expected = moved || keptSource ? 0xFFFF0000u : 0xFF0000FFu;
+            ASSERT_EQ(painter->Pixel(x, y), expected) << x << "," << y;
+        }
+}
+
+TEST_F(HeadlessWindow, CursorIdsOutsideTheKnownOnesShowTheArrow) {
+    EXPECT_EQ(window.GetCursor(), ISysWindow::CursorArrow);
+    for (int id : {7, 9, 12, 13}) {
+        window.SetCursor(id);
+        EXPECT_EQ(window.GetCursor(), id);
+    }
+    window.SetCursor(42);
+    EXPECT_EQ(window.GetCursor(), ISysWindow::CursorArrow);
+}
+
+TEST_F(HeadlessWindow, ScreenAndClientPointsDifferByTheWindowOrigin) {
+    window.SetScreenOrigin({100, 50});
+    point<int> p{3, 4};
+    window.ClientToScreen(p);
+    EXPECT_EQ(p, (point<int>{103, 54}));
+    window.ScreenToClient(p);
+    EXPECT_EQ(p, (point<int>{3, 4}));
+}
+
+TEST_F(HeadlessWindow, OtherRecordsReachTheControl) {
+    CTooltipEvent const tip = window.InjectTooltip(4, 5);
+    window.InjectTooltipTrack(6, 7);
+    window.InjectContextMenu(8, 9);
+    window.InjectCustom(1);
+    system.SetPalette(GetDefaultPalette());
+    EXPECT_EQ(control.Take(),
+              (Journal{"Tooltip 4,5", "TooltipTrack 6,7", "ContextMenu 8,9", "Custom 1", "SysColorChanged"}));
+    EXPECT_EQ(tip.text, "tip");
+    EXPECT_EQ(tip.rect, (rectangle<int>{1, 2, 3, 4}));
+}
+
+struct CCountedRunnable : IRunnable {
+    CCountedRunnable(int& runs_, int& deaths_) : runs(runs_), deaths(deaths_) {}
+    ~CCountedRunnable() override { ++deaths; }
+    bool Run() override {
+        ++runs;
+        return true;
+    }
+    int& runs;
+    int& deaths;
+};
+
+TEST_F(HeadlessWindow, RunnablesRunOnTheNextTurnAndDynamicOnesAreDeleted) {
+    int runs = 0, deaths = 0;
+    struct CKept : CCountedRunnable {
+        using CCountedRunnable::CCountedRunnable;
+        bool IsDynamicRunnable() const override { return false; }
+    } kept(runs, deaths);
+    window.PostRunnable(new CCountedRunnable(runs, deaths));
+    window.PostRunnable(&kept);
+    EXPECT_EQ(runs, 0);
+    EXPECT_EQ(window.RunPending(), 2);
+    EXPECT_EQ(runs, 2);
+    EXPECT_EQ(deaths, 1) << "only the dynamic one is deleted";
+}
+
+TEST_F(HeadlessWindow, RunnablesPostedWhileRunningWaitForTheNextTurn) {
+    int runs = 0;
+    struct CReposting : IRunnable {
+        CReposting(ISysWindow& w, int& r) : window(w), runs(r) {}
+        bool Run() override {
+            if (++runs < 3) window.PostRunnable(new CReposting(window, runs));
+            return true;
+        }
+        ISysWindow& window;
+        int& runs;
+    };
+    window.PostRunnable(new CReposting(window, runs));
+    EXPECT_EQ(window.RunPending(), 1);
+    EXPECT_EQ(window.RunPending(), 1);
+    EXPECT_EQ(window.RunPending(), 1);
+    EXPECT_EQ(window.RunPending(), 0);
+    EXPECT_EQ(runs, 3);
+}
+
+TEST_F(HeadlessWindow, DestroyDropsPendingRunnablesAndTheControlForgetsTheWindow) {
+    int runs = 0, deaths = 0;
+    window.PostRunnable(new CCountedRunnable(runs, deaths));
+    window.InjectDestroy();
+    EXPECT_TRUE(window.IsClosing());
+    EXPECT_EQ(deaths, 1);
+    EXPECT_EQ(runs, 0);
+    window.PostRunnable(new CCountedRunnable(runs, deaths));
+    EXPECT_EQ(deaths, 2) << "a closing window drops what is posted at once";
+    window.InjectButtonDown(1, 1);
+    EXPECT_EQ(control.Take(), (Journal{"Destroy"}));
+    EXPECT_EQ(control.GetSysWindow(), &window) << "the window object lives on until deleted";
+}
+
+TEST(HeadlessWindowLifetime, AControlOutlivesItsWindow) {
+    CHeadlessSystem system;
+    auto window = std::make_unique<CHeadlessWindow>(system, size<int>{10, 10},
+                                                    std::make_unique<CPixelPainter>(size<int>{10, 10}));
+    CJournalControl control(window.get());
+    window.reset();
+    EXPECT_EQ(control.GetSysWindow(), nullptr);
+    EXPECT_EQ(control.Take(), (Journal{"Destroy"}));
+}
+
+TEST(HeadlessWindowLifetime, AWindowOutlivesItsControl) {
+    CHeadlessSystem system;
+    CHeadlessWindow window(system, {10, 10}, std::make_unique<CPixelPainter>(size<int>{10, 10}));
+    {
+        CJournalControl control(&window);
+        EXPECT_EQ(window.GetEventSender()->GetSubscribersCount(typeid(IMouseNotify)), 1);
+    }
+    EXPECT_EQ(window.GetEventSender()->GetSubscribersCount(typeid(IMouseNotify)), 0);
+    window.InjectButtonDown(1, 1);
+}
+
+} // namespace
