@@ -31,15 +31,15 @@ public:
     enum MapMode { MapDevice = 0, MapElement = 3 };
 
     // The mapping of MapElement: device = deviceOrigin + (logical - logicalOrigin) * deviceExtent /
-    // logicalExtent, per axis. A negative extent flips the axis; a zero extent on either side means a scale
-    // of 1 on that axis, never a division by zero.
+    // logicalExtent, per axis. A negative extent flips the axis; a zero extent on either side means a scale of
+    // 1 on that axis, never a division by zero.
     struct CoordInfo {
         bool flag1 = false;
         bool flag2 = false;
-        double left = 0, top = 0;     // logical origin
-        double width = 0, height = 0; // logical extent
-        int x = 0, y = 0;             // device origin, in window pixels
-        int cx = 0, cy = 0;           // device extent
+        double left = 0, top = 0;         // logical origin
+        double width = 0, height = 0;     // logical extent
+        int x = 0, y = 0;                 // device origin, in window pixels
+        int cx = 0, cy = 0;               // device extent
         double scale = 1.0;
         bool flag3 = false;
 
@@ -106,10 +106,10 @@ public:
     void ConvertCoord2(rectangle<double>* r, bool distance) const;
     void DeconvertCoord2(rectangle<double>* r, bool distance) const;
 
-    // Clip. SetClipRect takes logical coordinates, `exclude` true removes the rectangle from the drawable
-    // area; SimpleSetClipRect takes device coordinates. Both replace the clip in force (an exclusion cuts
-    // it). The stored clip is the rectangle last set to include; ResetClip drops the clip but leaves the
-    // stored rectangle, which its owner clears with ClearStoredClip.
+    // Clip. SetClipRect takes logical coordinates, `exclude` true removes the rectangle from the drawable area;
+    // SimpleSetClipRect takes device coordinates. Both replace the clip in force (an exclusion cuts it). The
+    // stored clip is the rectangle last set to include; ResetClip drops the clip but leaves the stored
+    // rectangle, which its owner clears with ClearStoredClip.
     virtual void SetClipRect(double left, double top, double right, double bottom, bool exclude) = 0;
     virtual void SimpleSetClipRect(rectangle<double> const& deviceRect, bool exclude) = 0;
     rectangle<double> GetClipRect() const { return m_storedClip; }
@@ -149,12 +149,11 @@ public:
                                      bool breakLines = true, bool logical = true) = 0;
 
     // Pictures; rectangles with right and bottom exclusive.
-    virtual void DrawRasterPicture(IRasterPicture* picture, double left, double top, double right,
-                                   double bottom, RasterOperation op = RopCopy) = 0;
+    virtual void DrawRasterPicture(IRasterPicture* picture, double left, double top, double right, double bottom,
+                                   RasterOperation op = RopCopy) = 0;
     // Draws the part `source` (picture pixels) of `picture` into (left, top, right, bottom).
-    virtual void DrawRasterPictureEx(IRasterPicture* picture, double left, double top, double right,
-                                     double bottom, rectangle<int> const& source,
-                                     RasterOperation op = RopCopy) = 0;
+    virtual void DrawRasterPictureEx(IRasterPicture* picture, double left, double top, double right, double bottom,
+                                     rectangle<int> const& source, RasterOperation op = RopCopy) = 0;
     // Copies what the surface shows in the rectangle into `picture`, which takes its size.
     virtual void ExtractRasterPicture(IRasterPicture* picture, double left, double top, double right,
                                       double bottom) = 0;
@@ -168,11 +167,10 @@ public:
         AlphaBlend(r.left, r.top, r.right, r.bottom, picture, alpha);
     }
     // Draws the part (srcX, srcY, width, height) of an XPM image with its top left at (x, y).
-    virtual void DrawXPM(XPMImage const& image, double x, double y, int srcX, int srcY, int width,
-                         int height) = 0;
+    virtual void DrawXPM(XPMImage const& image, double x, double y, int srcX, int srcY, int width, int height) = 0;
     // Draws a native piece of a control in `state` (the control's native state word).
-    virtual void DrawControlElement(ControlElement element, double left, double top, double right,
-                                    double bottom, int state) = 0;
+    virtual void DrawControlElement(ControlElement element, double left, double top, double right, double bottom,
+                                    int state) = 0;
 
     // State the framework reads and writes directly.
 
@@ -186,8 +184,7 @@ public:
     }
     _color GetSubstituteColor() const { return m_substitute; }
     bool IsSubstitutingColor() const { return m_substituting; }
-    // One byte that elements clear before their paint signal; ClipToRect text sets it when the text did not
-    // fit.
+    // One byte that elements clear before their paint signal; ClipToRect text sets it when the text did not fit.
     unsigned char GetElementFlag() const { return m_elementFlag; }
     void SetElementFlag(unsigned char flag) { m_elementFlag = flag; }
     bool IsInPaint() const { return m_inPaint; }
