@@ -2,3 +2,6 @@
 mirel_test(painter_test
   SOURCES mirel7/coord_mapping_test.cpp mirel7/recording_painter_test.cpp mirel7/text_flow_test.cpp
   LABELS unit)
+mirel_test(cairo_painter_test
+  SOURCES mirel7/cairo/cairo_painter_test.cpp
+  LABELS unit)

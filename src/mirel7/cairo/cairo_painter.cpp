@@ -82,6 +82,16 @@ void CCairoPainter::ClipChanged() {
         cairo_region_destroy(region);
 }
 
+void CCairoPainter::SetDashes(cairo_t* cr, double const* steps, int count, double width) {
+    // Steps count in pen widths. Square caps stretch every dash by half a width at each end, so the dashes
+    // are drawn that much shorter and the gaps that much longer: a dash then starts and ends on pixel
+    // edges, however the line is stroked, and a dot of length 1 is one pixel.
+    double dashes[6];
+    for (int i = 0; i < count; ++i)
+        dashes[i] = i % 2 ? (steps[i] + 1) * width : (steps[i] - 1) * width;
+    cairo_set_dash(cr, dashes, count, 0);
+}
+
 void CCairoPainter::SetSource(cairo_t* cr, _color const& c) {
     cairo_set_source_rgba(cr, c.r / 255.0, c.g / 255.0, c.b / 255.0, c.a / 255.0);
 }
@@ -104,8 +114,7 @@ cairo_t* CCairoPainter::PenContext() {
     double const width = std::max(p.width, 1);
     cairo_set_line_width(cr, width);
     cairo_set_line_join(cr, CAIRO_LINE_JOIN_MITER);
-    // Dash patterns in pen widths, drawn with butt caps so that a dot stays one width long; a solid line
-    // gets square caps, which make both end points part of the line.
+    cairo_set_line_cap(cr, CAIRO_LINE_CAP_SQUARE);
     static constexpr double dash[] = {4, 2}, dot[] = {1, 1}, dashDot[] = {4, 2, 1, 2},
                             dashDotDot[] = {4, 2, 1, 2, 1, 2};
     struct SPattern {
@@ -115,14 +124,9 @@ cairo_t* CCairoPainter::PenContext() {
     static constexpr SPattern patterns[] = {{dash, 2}, {dot, 2}, {dashDot, 4}, {dashDotDot, 6}};
     if (p.style >= pen::Dash && p.style <= pen::DashDotDot) {
         SPattern const& pattern = patterns[p.style - pen::Dash];
-        double steps[6];
-        std::transform(pattern.steps, pattern.steps + pattern.count, steps,
-                       [&](double s) { return s * width; });
-        cairo_set_dash(cr, steps, pattern.count, 0);
-        cairo_set_line_cap(cr, CAIRO_LINE_CAP_BUTT);
+        SetDashes(cr, pattern.steps, pattern.count, width);
     } else {
         cairo_set_dash(cr, nullptr, 0, 0);
-        cairo_set_line_cap(cr, CAIRO_LINE_CAP_SQUARE);
     }
     return cr;
 }
@@ -205,10 +209,9 @@ void CCairoPainter::FocusRect(double left, double top, double right, double bott
     cairo_save(cr);
     SetSource(cr, *c);
     static constexpr double dots[] = {1, 1};
-    cairo_set_dash(cr, dots, 2, 0);
+    SetDashes(cr, dots, 2, 1);
     cairo_set_line_width(cr, 1);
-    cairo_set_line_cap(cr, CAIRO_LINE_CAP_BUTT);
-    cairo_set_antialias(cr, CAIRO_ANTIALIAS_NONE);
+    cairo_set_line_cap(cr, CAIRO_LINE_CAP_SQUARE);
     cairo_rectangle(cr, px.left + 0.5, px.top + 0.5, px.Width(), px.Height());
     cairo_stroke(cr);
     cairo_restore(cr);

@@ -94,7 +94,8 @@ private:
     cairo_t* PenContext();
     // The context with the brush as source, or null when the brush draws nothing.
     cairo_t* BrushContext();
-    void SetSource(cairo_t* cr, _color const& c);
+    static void SetSource(cairo_t* cr, _color const& c);
+    static void SetDashes(cairo_t* cr, double const* steps, int count, double width);
     // Half a pixel for odd pen widths puts their strokes on whole pixels.
     double PenOffset() const;
     void DrawPicture(CCairoRasterPicture* picture, rectangle<int> const& destination,
