@@ -8,23 +8,9 @@
 
 #include <benchmark/benchmark.h>
 
-#include <atomic>
-#include <cstdlib>
+#include "allocation_meter.h"
+
 #include <memory>
-#include <new>
-
-namespace {
-std::atomic<std::size_t> g_allocatedBytes{0};
-} // namespace
-
-void* operator new(std::size_t size) {
-    g_allocatedBytes.fetch_add(size, std::memory_order_relaxed);
-    if (void* p = std::malloc(size ? size : 1))
-        return p;
-    throw std::bad_alloc();
-}
-void operator delete(void* p) noexcept { std::free(p); }
-void operator delete(void* p, std::size_t) noexcept { std::free(p); }
 
 namespace {
 
@@ -42,12 +28,13 @@ public:
 void ElementLifetime(benchmark::State& state) {
     mirel7::headless::CHeadlessSystem system;
     CBlock parent(nullptr, {0, 0}, AlignNone);
-    std::size_t const before = g_allocatedBytes.load();
+    std::size_t const before = bench::AllocatedBytes();
     for (auto _ : state) {
         auto* e = new CBlock(&parent, {10, 10}, AlignLeft);
         delete e;
     }
-    state.counters["bytes"] = benchmark::Counter(double(g_allocatedBytes.load() - before) / double(state.iterations()));
+    state.counters["bytes"] =
+        benchmark::Counter(double(bench::AllocatedBytes() - before) / double(state.iterations()));
 }
 BENCHMARK(ElementLifetime);
 
@@ -55,8 +42,9 @@ BENCHMARK(ElementLifetime);
 struct STree {
     explicit STree(int count, bool record)
         : window(system, {1000, 800},
-                 record ? std::unique_ptr<mirel7::IWindowPainter>(std::make_unique<mirel7::CRecordingPainter>())
-                        : std::unique_ptr<mirel7::IWindowPainter>()),
+                 record
+                     ? std::unique_ptr<mirel7::IWindowPainter>(std::make_unique<mirel7::CRecordingPainter>())
+                     : std::unique_ptr<mirel7::IWindowPainter>()),
           control(&window) {
         for (int row = 0; row < count / 10; ++row) {
             auto* strip = new CBlock(control.GetContent(), {0, 1}, AlignTop);

@@ -42,8 +42,7 @@ public:
 
     bool HandleButtonDown(int x, int, int, mirel7::MouseButton button) override {
         int const page = x / TabWidth;
-        if (button != mirel7::ButtonLeft || page >= static_cast<int>(Pages().size()))
-            return false;
+        if (button != mirel7::ButtonLeft || page >= static_cast<int>(Pages().size())) return false;
         m_gallery.ShowPage(page);
         return true;
     }
@@ -73,11 +72,12 @@ CGallery::CGallery(mirel7::ISysWindow* window, int page) : CBaseControl(window) 
     ShowPage(page);
 }
 
-CGallery::~CGallery() { delete m_keys; }
+CGallery::~CGallery() {
+    delete m_keys;
+}
 
 void CGallery::ShowPage(int page) {
-    if (page == m_page || page < 0 || page >= static_cast<int>(Pages().size()))
-        return;
+    if (page == m_page || page < 0 || page >= static_cast<int>(Pages().size())) return;
     m_page = page;
     m_host->GetChildren()->Clear();
     Pages()[std::size_t(page)].build(m_host);

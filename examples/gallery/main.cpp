@@ -26,7 +26,8 @@ int WriteScreenshots(std::filesystem::path const& directory) {
         {
             gallery::CGallery control(&window, page);
             window.Paint();
-            std::string const path = (directory / (gallery::Pages()[std::size_t(page)].name + ".png")).string();
+            std::string const path =
+                (directory / (gallery::Pages()[std::size_t(page)].name + ".png")).string();
             if (window.SavePng(path)) {
                 std::printf("%s\n", path.c_str());
             } else {
@@ -41,15 +42,15 @@ int WriteScreenshots(std::filesystem::path const& directory) {
 } // namespace
 
 int main(int argc, char** argv) {
-    if (argc == 3 && std::strcmp(argv[1], "--screenshot") == 0)
-        return WriteScreenshots(argv[2]);
+    if (argc == 3 && std::strcmp(argv[1], "--screenshot") == 0) return WriteScreenshots(argv[2]);
     if (argc != 1) {
         std::fprintf(stderr, "usage: gallery [--screenshot DIR]\n");
         return 2;
     }
     mirel7::sdl::CSdlSystem system;
     if (!system.IsReady()) {
-        std::fprintf(stderr, "gallery: no display; run `gallery --screenshot DIR` to render the pages to files\n");
+        std::fprintf(stderr,
+                     "gallery: no display; run `gallery --screenshot DIR` to render the pages to files\n");
         return 1;
     }
     auto window = std::make_unique<mirel7::sdl::CSdlWindow>(system, "mirelfrw7 gallery", WindowSize);

@@ -19,19 +19,16 @@ public:
         : CSwatch(parent, alignment, s, Colour(0), std::move(name)) {
         if (mirel7::ISystem* const system = mirel7::GetCurrentSystem()) {
             m_timer = system->CreateTimer(700, true);
-            if (m_timer)
-                m_timer->GetEventSender()->Subscribe<mirel7::ITimerNotify>(this);
+            if (m_timer) m_timer->GetEventSender()->Subscribe<mirel7::ITimerNotify>(this);
         }
     }
     ~CRecolourer() override {
-        if (m_timer)
-            m_timer->GetEventSender()->Unsubscribe(this, true);
+        if (m_timer) m_timer->GetEventSender()->Unsubscribe(this, true);
     }
 
     void OnTimer(mirel7::CTimerEvent*) override { Next(); }
     bool HandleKeyDown(int, int key) override {
-        if (key != mirel7::KeySpace)
-            return false;
+        if (key != mirel7::KeySpace) return false;
         Next();
         return true;
     }
@@ -39,7 +36,7 @@ public:
 
 private:
     static _color Colour(int step) {
-        static _color const cycle[] = {{230, 159, 0}, {86, 180, 233}, {0, 158, 115}, {240, 228, 66},
+        static _color const cycle[] = {{230, 159, 0}, {86, 180, 233}, {0, 158, 115},  {240, 228, 66},
                                        {0, 114, 178}, {213, 94, 0},   {204, 121, 167}};
         return cycle[step % 7];
     }

@@ -2,8 +2,8 @@
 
 namespace gallery {
 
-CSwatch::CSwatch(mirelfrw7::CVisualElement* parent, mirelfrw7::Alignment alignment, mirel7::size<int> swatchSize,
-                 mirel7::_color color, std::string name)
+CSwatch::CSwatch(mirelfrw7::CVisualElement* parent, mirelfrw7::Alignment alignment,
+                 mirel7::size<int> swatchSize, mirel7::_color color, std::string name)
     : CVisualElement(parent, swatchSize, alignment), m_name(std::move(name)) {
     SetBkColor(color);
 }
@@ -20,7 +20,8 @@ void CSwatch::DrawContent(mirel7::IPainter* painter) {
     painter->Rectangle(b.left, b.top, b.right, b.bottom);
     painter->SetTextColor(ContrastingText(GetBkColor()));
     painter->DrawString(mirel7::rectangle<double>(b), m_name,
-                        mirel7::IPainter::AlignLeft | mirel7::IPainter::AlignTop | mirel7::IPainter::ClipToRect);
+                        mirel7::IPainter::AlignLeft | mirel7::IPainter::AlignTop |
+                            mirel7::IPainter::ClipToRect);
 }
 
 mirel7::_color ContrastingText(mirel7::_color const& background) {

@@ -13,13 +13,11 @@ namespace {
 CPixelImage Run(SRepaintScenario const& scenario, unsigned seed, bool paintEachStep) {
     CControlFixture f(scenario.clientSize, false);
     scenario.build(*f.control);
-    if (paintEachStep)
-        f.Paint();
+    if (paintEachStep) f.Paint();
     std::mt19937 random(seed);
     for (int step = 0; step < scenario.steps; ++step) {
         scenario.act(*f.control, *f.window, random);
-        if (paintEachStep)
-            f.Paint();
+        if (paintEachStep) f.Paint();
     }
     f.Paint();
     return CPixelImage::Of(*f.window->GetPainter());
@@ -27,7 +25,8 @@ CPixelImage Run(SRepaintScenario const& scenario, unsigned seed, bool paintEachS
 } // namespace
 
 testing::AssertionResult IncrementalPaintEqualsFullPaint(SRepaintScenario const& scenario, unsigned seed) {
-    return ImagesMatch(Run(scenario, seed, true), Run(scenario, seed, false), 0, 0, "seed" + std::to_string(seed));
+    return ImagesMatch(Run(scenario, seed, true), Run(scenario, seed, false), 0, 0,
+                       "seed" + std::to_string(seed));
 }
 
 } // namespace mirel_test

@@ -10,8 +10,8 @@ namespace mirel_test {
 // transparent: the plain brick of tree tests.
 class CFilledElement : public mirelfrw7::CVisualElement {
 public:
-    CFilledElement(mirelfrw7::CVisualElement* parent, mirel7::size<int> elementSize, mirelfrw7::Alignment alignment,
-                   std::string name = {})
+    CFilledElement(mirelfrw7::CVisualElement* parent, mirel7::size<int> elementSize,
+                   mirelfrw7::Alignment alignment, std::string name = {})
         : CVisualElement(parent, elementSize, alignment), name(std::move(name)) {}
 
     void DrawContent(mirel7::IPainter* painter) override {

