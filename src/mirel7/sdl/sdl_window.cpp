@@ -217,6 +217,9 @@ void CSdlWindow::DispatchWindowEvent(SDL_Event const& event) {
     case SDL_WINDOWEVENT_SIZE_CHANGED:
         SendResize({event.window.data1, event.window.data2});
         break;
+    case SDL_WINDOWEVENT_SHOWN:
+        if (m_focusWanted && !HasFocus()) RequestFocus();
+        break;
     case SDL_WINDOWEVENT_EXPOSED: {
         // The back buffer still holds everything: the desktop only lost its copy.
         screen_rectangle<int> client;
