@@ -7,3 +7,4 @@ mirel_test(mirel7_system_test
 mirel_test(mirel7_system_threads_test
   SOURCES mirel7/system/threads_test.cpp
   LABELS threads)
+add_subdirectory(e2e)

@@ -49,7 +49,8 @@ private:
     SDL_Window* m_window = nullptr;
     std::uint32_t m_id = 0;
     SDL_Cursor* m_sdlCursor = nullptr;
-    bool m_pendingDoubleClick = false;
+    // A focus asked for before the desktop showed the window is asked for again once it did.
+    bool m_focusWanted = false;
 };
 
 } // namespace mirel7::sdl

@@ -1,0 +1,294 @@
+#include <mirel7/sdl/sdl_system.h>
+#include <mirel7/sdl/sdl_window.h>
+
+#include <SDL.h>
+
+#include <algorithm>
+
+namespace mirel7::sdl {
+
+namespace {
+
+int Modifiers() {
+    SDL_Keymod const mod = SDL_GetModState();
+    return (mod & KMOD_SHIFT ? FlagShift : 0) | (mod & KMOD_CTRL ? FlagControl : 0) |
+           (mod & KMOD_ALT ? FlagAlt : 0);
+}
+
+MouseButton Button(std::uint8_t button) {
+    switch (button) {
+    case SDL_BUTTON_LEFT:
+        return ButtonLeft;
+    case SDL_BUTTON_MIDDLE:
+        return ButtonMiddle;
+    case SDL_BUTTON_RIGHT:
+        return ButtonRight;
+    default:
+        return ButtonNone;
+    }
+}
+
+// The virtual key code of a key symbol, 0 for keys the framework has no code for.
+int VirtualKey(SDL_Keycode key) {
+    if (key >= SDLK_a && key <= SDLK_z) return 'A' + (key - SDLK_a);
+    if (key >= SDLK_0 && key <= SDLK_9) return '0' + (key - SDLK_0);
+    if (key >= SDLK_F1 && key <= SDLK_F12) return KeyF1 + (key - SDLK_F1);
+    switch (key) {
+    case SDLK_BACKSPACE:
+        return KeyBackspace;
+    case SDLK_TAB:
+        return KeyTab;
+    case SDLK_RETURN:
+    case SDLK_KP_ENTER:
+        return KeyReturn;
+    case SDLK_LSHIFT:
+    case SDLK_RSHIFT:
+        return KeyShift;
+    case SDLK_LCTRL:
+    case SDLK_RCTRL:
+        return KeyControl;
+    case SDLK_LALT:
+    case SDLK_RALT:
+        return KeyAlt;
+    case SDLK_ESCAPE:
+        return KeyEscape;
+    case SDLK_SPACE:
+        return KeySpace;
+    case SDLK_PAGEUP:
+        return KeyPageUp;
+    case SDLK_PAGEDOWN:
+        return KeyPageDown;
+    case SDLK_END:
+        return KeyEnd;
+    case SDLK_HOME:
+        return KeyHome;
+    case SDLK_LEFT:
+        return KeyLeft;
+    case SDLK_UP:
+        return KeyUp;
+    case SDLK_RIGHT:
+        return KeyRight;
+    case SDLK_DOWN:
+        return KeyDown;
+    case SDLK_INSERT:
+        return KeyInsert;
+    case SDLK_DELETE:
+        return KeyDelete;
+    default:
+        return 0;
+    }
+}
+
+// Keys that type a control character; the desktop sends no text for them.
+int ControlCharacter(int virtualKey) {
+    switch (virtualKey) {
+    case KeyBackspace:
+    case KeyTab:
+    case KeyReturn:
+    case KeyEscape:
+        return virtualKey;
+    default:
+        return 0;
+    }
+}
+
+SDL_SystemCursor SystemCursor(int cursor) {
+    switch (cursor) {
+    case ISysWindow::CursorSizeNS:
+        return SDL_SYSTEM_CURSOR_SIZENS;
+    case ISysWindow::CursorSizeWE:
+        return SDL_SYSTEM_CURSOR_SIZEWE;
+    case ISysWindow::CursorHand:
+        return SDL_SYSTEM_CURSOR_HAND;
+    case ISysWindow::CursorNoDrop:
+        return SDL_SYSTEM_CURSOR_NO;
+    default:
+        return SDL_SYSTEM_CURSOR_ARROW;
+    }
+}
+
+// The code points of UTF-8 text; broken sequences are skipped.
+std::vector<int> CodePoints(char const* text) {
+    std::vector<int> result;
+    auto const* p = reinterpret_cast<unsigned char const*>(text);
+    while (*p) {
+        int length = *p < 0x80 ? 1 : (*p >> 5) == 0x6 ? 2 : (*p >> 4) == 0xE ? 3 : (*p >> 3) == 0x1E ? 4 : 0;
+        if (length == 0) {
+            ++p;
+            continue;
+        }
+        int code = length == 1 ? *p : *p & (0x7F >> length);
+        int i = 1;
+        for (; i < length && (p[i] & 0xC0) == 0x80; ++i)
+            code = code << 6 | (p[i] & 0x3F);
+        if (i == length) result.push_back(code);
+        p += i;
+    }
+    return result;
+}
+
+} // namespace
+
+CSdlWindow::CSdlWindow(CSdlSystem& system, std::string const& title, size<int> clientSize,
+                       std::unique_ptr<IWindowPainter> painter, point<int> const* position)
+    : CSysWindowBase(system, clientSize, std::move(painter)), m_sdlSystem(system) {
+    if (!system.IsReady()) {
+        SetClosing();
+        return;
+    }
+    int const x = position ? position->x : static_cast<int>(SDL_WINDOWPOS_UNDEFINED);
+    int const y = position ? position->y : static_cast<int>(SDL_WINDOWPOS_UNDEFINED);
+    m_window = SDL_CreateWindow(title.c_str(), x, y, clientSize.cx, clientSize.cy,
+                                SDL_WINDOW_SHOWN | SDL_WINDOW_RESIZABLE);
+    if (!m_window) {
+        SetClosing();
+        return;
+    }
+    m_id = SDL_GetWindowID(m_window);
+    Invalidate({0, 0, clientSize.cx, clientSize.cy});
+}
+
+CSdlWindow::~CSdlWindow() {
+    Close();
+    if (m_sdlCursor) SDL_FreeCursor(m_sdlCursor);
+}
+
+void CSdlWindow::Close() {
+    SendDestroy();
+    if (m_window) SDL_DestroyWindow(std::exchange(m_window, nullptr));
+}
+
+point<int> CSdlWindow::GetScreenOrigin() const {
+    int x = 0, y = 0;
+    if (m_window) SDL_GetWindowPosition(m_window, &x, &y);
+    return {x, y};
+}
+
+void CSdlWindow::ApplyCursor(int cursor) {
+    SDL_Cursor* const next = SDL_CreateSystemCursor(SystemCursor(cursor));
+    if (!next) return;
+    SDL_SetCursor(next);
+    if (m_sdlCursor) SDL_FreeCursor(m_sdlCursor);
+    m_sdlCursor = next;
+}
+
+void CSdlWindow::ApplyCapture(bool captured) {
+    if (m_window) SDL_CaptureMouse(captured ? SDL_TRUE : SDL_FALSE);
+}
+
+void CSdlWindow::RequestFocus() {
+    if (!m_window) return;
+    m_focusWanted = true;
+    SDL_RaiseWindow(m_window);
+    SDL_SetWindowInputFocus(m_window);
+}
+
+void CSdlWindow::Present(screen_rectangle<int> const& area) {
+    IWindowPainter* const painter = GetPainter();
+    SDL_Surface* const surface = m_window ? SDL_GetWindowSurface(m_window) : nullptr;
+    if (!painter || !surface) return;
+    IWindowPainter::SPixels const pixels = painter->BeginPixelAccess();
+    int const left = std::max(area.left, 0), top = std::max(area.top, 0);
+    int const right = std::min({area.right, pixels.width, surface->w});
+    int const bottom = std::min({area.bottom, pixels.height, surface->h});
+    if (pixels.data && right > left && bottom > top) {
+        if (SDL_MUSTLOCK(surface)) SDL_LockSurface(surface);
+        auto* const target = static_cast<std::uint8_t*>(surface->pixels) + top * surface->pitch +
+                             left * surface->format->BytesPerPixel;
+        SDL_ConvertPixels(right - left, bottom - top, SDL_PIXELFORMAT_ARGB8888,
+                          pixels.data + top * pixels.stride + left, pixels.stride * 4,
+                          surface->format->format, target, surface->pitch);
+        if (SDL_MUSTLOCK(surface)) SDL_UnlockSurface(surface);
+        SDL_Rect const rect{left, top, right - left, bottom - top};
+        SDL_UpdateWindowSurfaceRects(m_window, &rect, 1);
+    }
+    painter->EndPixelAccess();
+}
+
+void CSdlWindow::Wake() {
+    m_sdlSystem.Wake();
+}
+
+void CSdlWindow::DispatchWindowEvent(SDL_Event const& event) {
+    switch (event.window.event) {
+    case SDL_WINDOWEVENT_CLOSE:
+        Close();
+        break;
+    case SDL_WINDOWEVENT_SIZE_CHANGED:
+        SendResize({event.window.data1, event.window.data2});
+        break;
+    case SDL_WINDOWEVENT_SHOWN:
+        if (m_focusWanted && !HasFocus()) RequestFocus();
+        break;
+    case SDL_WINDOWEVENT_EXPOSED: {
+        // The back buffer still holds everything: the desktop only lost its copy.
+        screen_rectangle<int> client;
+        GetClientRect(client);
+        Present(client);
+        if (m_focusWanted && !HasFocus()) RequestFocus();
+        break;
+    }
+    case SDL_WINDOWEVENT_FOCUS_GAINED:
+        m_focusWanted = false;
+        SendFocus(true);
+        break;
+    case SDL_WINDOWEVENT_FOCUS_LOST:
+        SendFocus(false);
+        break;
+    case SDL_WINDOWEVENT_LEAVE:
+        SendLeave();
+        break;
+    default:
+        break;
+    }
+}
+
+void CSdlWindow::Dispatch(SDL_Event const& event) {
+    switch (event.type) {
+    case SDL_WINDOWEVENT:
+        DispatchWindowEvent(event);
+        break;
+    case SDL_MOUSEMOTION:
+        SendMove(event.motion.x, event.motion.y, Modifiers());
+        break;
+    case SDL_MOUSEBUTTONDOWN: {
+        MouseButton const button = Button(event.button.button);
+        if (button == ButtonNone) break;
+        // The second press of each pair is the double click; a third starts over.
+        if (event.button.clicks % 2 == 0)
+            SendDoubleClick(event.button.x, event.button.y, button, Modifiers());
+        else
+            SendButton(true, event.button.x, event.button.y, button, Modifiers());
+        break;
+    }
+    case SDL_MOUSEBUTTONUP: {
+        MouseButton const button = Button(event.button.button);
+        if (button == ButtonNone) break;
+        SendButton(false, event.button.x, event.button.y, button, Modifiers());
+        if (button == ButtonRight) SendContextMenu(event.button.x, event.button.y);
+        break;
+    }
+    case SDL_MOUSEWHEEL: {
+        int const delta = event.wheel.direction == SDL_MOUSEWHEEL_FLIPPED ? -event.wheel.y : event.wheel.y;
+        if (delta != 0) SendWheel(event.wheel.mouseX, event.wheel.mouseY, delta, Modifiers());
+        break;
+    }
+    case SDL_KEYDOWN:
+    case SDL_KEYUP: {
+        int const key = VirtualKey(event.key.keysym.sym);
+        if (key == 0) break;
+        bool const down = event.type == SDL_KEYDOWN;
+        SendKey(down, key, Modifiers());
+        if (down && ControlCharacter(key)) SendChar(ControlCharacter(key), Modifiers());
+        break;
+    }
+    case SDL_TEXTINPUT:
+        for (int const code : CodePoints(event.text.text))
+            SendChar(code, Modifiers());
+        break;
+    default:
+        break;
+    }
+}
+
+} // namespace mirel7::sdl
