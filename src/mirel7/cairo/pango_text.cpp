@@ -57,7 +57,6 @@ CPangoText::CPangoText() {
     m_layout = pango_layout_new(m_context);
     // Line feeds are the text flow's business; a measured line is always one line.
     pango_layout_set_single_paragraph_mode(m_layout, TRUE);
-    Select(font{}, 1.0);
 }
 
 CPangoText::~CPangoText() {
