@@ -31,12 +31,18 @@ private:
         double logicalExtent = 1, deviceExtent = 1;
 
         double ToDevice(double v, bool distance) const {
-            double const moved = (distance ? v : v - logicalOrigin) * deviceExtent / logicalExtent;
-            return distance ? moved : moved + deviceOrigin;
+            // Equal extents, as every element's own mapping has, need no multiplication: pixel calls go
+            // through here once a pixel.
+            double const moved = distance ? v : v - logicalOrigin;
+            double const scaled =
+                deviceExtent == logicalExtent ? moved : moved * deviceExtent / logicalExtent;
+            return distance ? scaled : scaled + deviceOrigin;
         }
         double ToLogical(double v, bool distance) const {
-            double const moved = (distance ? v : v - deviceOrigin) * logicalExtent / deviceExtent;
-            return distance ? moved : moved + logicalOrigin;
+            double const moved = distance ? v : v - deviceOrigin;
+            double const scaled =
+                deviceExtent == logicalExtent ? moved : moved * logicalExtent / deviceExtent;
+            return distance ? scaled : scaled + logicalOrigin;
         }
         double Scale() const { return deviceExtent / logicalExtent; }
     };

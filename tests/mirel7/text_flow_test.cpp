@@ -101,11 +101,4 @@ TEST(FlowText, AVerticalEdgeTurnsTheBlockAndWrapsAlongTheHeight) {
     EXPECT_EQ(up.LineOrigin(0), (point<double>{0, 60}));
 }
 
-TEST(TextOf, LengthOrTerminatingZero) {
-    EXPECT_EQ(TextOf("abcdef", 3), "abc");
-    EXPECT_EQ(TextOf("abc", -1), "abc");
-    EXPECT_EQ(TextOf("ab", 10), "ab") << "never past the zero";
-    EXPECT_EQ(TextOf(nullptr, 4), "");
-}
-
 } // namespace

@@ -2,6 +2,8 @@
 #include <mirel7/painter_base.h>
 
 #include <cmath>
+#include <mutex>
+#include <utility>
 
 namespace mirel7::cairo {
 
@@ -19,6 +21,23 @@ std::string FamilyList(std::string const& face, int family) {
     return face.empty() ? generic : face + "," + generic;
 }
 
+// One font map serves every painter, so that fonts load once; it goes with the last painter, taking
+// Pango's caches along instead of leaving them to the end of the process.
+std::mutex fontMapMutex;
+PangoFontMap* sharedFontMap = nullptr;
+int fontMapUsers = 0;
+
+PangoFontMap* AcquireFontMap() {
+    std::lock_guard lock(fontMapMutex);
+    if (fontMapUsers++ == 0) sharedFontMap = pango_cairo_font_map_new();
+    return sharedFontMap;
+}
+
+void ReleaseFontMap() {
+    std::lock_guard lock(fontMapMutex);
+    if (--fontMapUsers == 0) g_object_unref(std::exchange(sharedFontMap, nullptr));
+}
+
 } // namespace
 
 CPangoText::SFace::~SFace() {
@@ -27,7 +46,7 @@ CPangoText::SFace::~SFace() {
 }
 
 CPangoText::CPangoText() {
-    m_context = pango_font_map_create_context(pango_cairo_font_map_get_default());
+    m_context = pango_font_map_create_context(AcquireFontMap());
     cairo_font_options_t* const options = cairo_font_options_create();
     // Grey antialiasing suits any background and any turn; unhinted metrics make widths scale evenly.
     cairo_font_options_set_antialias(options, CAIRO_ANTIALIAS_GRAY);
@@ -38,12 +57,13 @@ CPangoText::CPangoText() {
     m_layout = pango_layout_new(m_context);
     // Line feeds are the text flow's business; a measured line is always one line.
     pango_layout_set_single_paragraph_mode(m_layout, TRUE);
-    Select(font{}, 1.0);
 }
 
 CPangoText::~CPangoText() {
     g_object_unref(m_layout);
+    m_faces.clear();
     g_object_unref(m_context);
+    ReleaseFontMap();
 }
 
 void CPangoText::Select(font const& f, double dpiScale) {

@@ -25,7 +25,8 @@ public:
     CPangoText(CPangoText const&) = delete;
     CPangoText& operator=(CPangoText const&) = delete;
 
-    // Makes `f` at `dpiScale` the font of the calls that follow.
+    // Makes `f` at `dpiScale` the font of the calls that follow; the first Select comes before them, so that
+    // a picture that never shows text never loads a font.
     void Select(font const& f, double dpiScale);
 
     double LineWidth(std::string_view line) override;

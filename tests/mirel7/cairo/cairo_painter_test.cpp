@@ -280,18 +280,4 @@ TEST_F(BackBuffer, SavesAPngAndRefusesAnImpossiblePath) {
     EXPECT_FALSE(painter->SavePng("/nonexistent-dir/x.png"));
 }
 
-TEST_F(BackBuffer, CheckBoxesDiffer) {
-    painter->DrawControlElement(IPainter::ControlUnchecked, 0, 0, 12, 12, 0);
-    painter->DrawControlElement(IPainter::ControlChecked, 20, 0, 32, 12, 0);
-    CPixelImage const shot = Shot();
-    int inkUnchecked = 0, inkChecked = 0;
-    for (int y = 0; y <= 12; ++y)
-        for (int x = 0; x <= 12; ++x) {
-            inkUnchecked += shot.At(x, y) != White;
-            inkChecked += shot.At(x + 20, y) != White;
-        }
-    EXPECT_EQ(inkUnchecked, 48) << "a plain frame";
-    EXPECT_GT(inkChecked, inkUnchecked + 10) << "with a mark inside";
-}
-
 } // namespace
