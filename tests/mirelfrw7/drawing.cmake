@@ -1,0 +1,1 @@
+# Test programs of the element core's drawing helpers, with mirel_test()

@@ -1,0 +1,1 @@
+# Test programs of the framework's items subsystem, with mirel_test()

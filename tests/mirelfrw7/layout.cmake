@@ -1,0 +1,1 @@
+# Test programs of the framework's layout subsystem, with mirel_test()

@@ -1,0 +1,1 @@
+# Test programs of the framework's scroll subsystem, with mirel_test()
