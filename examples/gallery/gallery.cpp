@@ -5,10 +5,12 @@
 namespace gallery {
 
 void BuildDockingPage(mirelfrw7::CVisualElement* host);
+void BuildInputPage(mirelfrw7::CVisualElement* host);
 
 std::vector<SPage> const& Pages() {
     static std::vector<SPage> const pages = {
         {"docking", &BuildDockingPage},
+        {"input", &BuildInputPage},
     };
     return pages;
 }
@@ -66,7 +68,7 @@ struct CGallery::CKeys : tarnkit2::subscriber_base_t {
 
 CGallery::CGallery(mirel7::ISysWindow* window, int page) : CBaseControl(window) {
     m_bar = new CPageBar(GetContent(), *this);
-    m_host = new mirelfrw7::CVisualElement(GetContent(), {0, 0}, mirelfrw7::AlignClient);
+    m_host = new CSwatch(GetContent(), mirelfrw7::AlignClient, {}, mirel7::_color(250, 250, 250), "");
     m_keys = new CKeys(*this);
     GetContent()->sigKeyDown.connect(m_keys, &CKeys::OnKey);
     ShowPage(page);

@@ -19,7 +19,7 @@ void CSwatch::DrawContent(mirel7::IPainter* painter) {
     painter->SetBrush(hollow);
     painter->Rectangle(b.left, b.top, b.right, b.bottom);
     painter->SetTextColor(ContrastingText(GetBkColor()));
-    painter->DrawString(mirel7::rectangle<double>(b), m_name,
+    painter->DrawString(mirel7::rectangle<double>(b.left + 3, b.top + 2, b.right - 3, b.bottom - 2), m_name,
                         mirel7::IPainter::AlignLeft | mirel7::IPainter::AlignTop |
                             mirel7::IPainter::ClipToRect);
 }
