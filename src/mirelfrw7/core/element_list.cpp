@@ -2,7 +2,6 @@
 #include <mirelfrw7/core/visual_element.h>
 
 #include <algorithm>
-#include <functional>
 
 namespace mirelfrw7 {
 
@@ -10,14 +9,30 @@ CVisualElement* CElementList::GetItem(int index) {
     return index >= 0 && index < GetCount() ? m_items[static_cast<std::size_t>(index)] : nullptr;
 }
 
+bool CElementList::Contains(CVisualElement* element) const {
+    if (!m_index.empty()) return m_index.count(element) != 0;
+    return std::find(m_items.begin(), m_items.end(), element) != m_items.end();
+}
+
 void CElementList::AddElement(CVisualElement* element) {
-    if (!element || !element->IsDisplayable()) return;
-    if (std::find(m_items.begin(), m_items.end(), element) == m_items.end()) m_items.push_back(element);
+    if (!element || !element->IsDisplayable() || Contains(element)) return;
+    m_items.push_back(element);
+    if (!m_index.empty())
+        m_index.insert(element);
+    else if (m_items.size() == IndexFrom)
+        for (CVisualElement* e : m_items)
+            if (e) m_index.insert(e);
 }
 
 void CElementList::RemoveElement(CVisualElement* element) {
     auto const found = std::find(m_items.begin(), m_items.end(), element);
-    if (found != m_items.end()) m_items.erase(found);
+    if (found == m_items.end()) return;
+    m_items.erase(found);
+    Unindex(element);
+}
+
+void CElementList::Unindex(CVisualElement* element) {
+    m_index.erase(element);
 }
 
 void CElementList::Reduce() {
@@ -31,6 +46,7 @@ void CElementList::Reduce() {
         if (!entry) continue;
         for (CVisualElement* a = entry->GetParent(); a; a = a->GetParent()) {
             if (listed(a)) {
+                Unindex(entry);
                 entry = nullptr;
                 break;
             }
@@ -39,10 +55,13 @@ void CElementList::Reduce() {
 }
 
 void CElementList::Clear(int keep) {
-    if (keep < 1)
-        m_items.clear();
-    else if (keep < GetCount())
-        m_items.resize(static_cast<std::size_t>(keep));
+    std::size_t const kept = keep < 1 ? 0 : std::min(m_items.size(), static_cast<std::size_t>(keep));
+    if (kept < IndexFrom)
+        m_index.clear();
+    else
+        for (std::size_t i = kept; i < m_items.size(); ++i)
+            Unindex(m_items[i]);
+    m_items.resize(kept);
 }
 
 } // namespace mirelfrw7
