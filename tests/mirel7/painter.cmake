@@ -1,1 +1,7 @@
 # Test programs of the base layer's painter area, with mirel_test()
+mirel_test(painter_test
+  SOURCES mirel7/coord_mapping_test.cpp mirel7/recording_painter_test.cpp mirel7/text_flow_test.cpp
+  LABELS unit)
+mirel_test(cairo_painter_test
+  SOURCES mirel7/cairo/cairo_painter_test.cpp mirel7/cairo/cairo_text_test.cpp mirel7/cairo/raster_picture_test.cpp
+  LABELS unit)
