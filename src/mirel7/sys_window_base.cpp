@@ -1,4 +1,3 @@
-#include <mirel7/drawing_backend.h>
 #include <mirel7/sys_window_base.h>
 #include <mirel7/system_base.h>
 
@@ -33,7 +32,7 @@ CSysWindowBase::CSysWindowBase(CSystemBase& system, size<int> clientSize,
                                std::unique_ptr<IWindowPainter> painter)
     : m_system(system), m_painter(std::move(painter)), m_queue([this] { Wake(); }), m_size(clientSize),
       m_hoverTimer(system.CreateTimer(HoverDelayMs, false)) {
-    if (!m_painter) m_painter = MakeWindowPainter(clientSize, system.GetDPIScale());
+    if (!m_painter) m_painter = NewWindowPainter(clientSize, system.GetDPIScale());
     m_hoverTimer->GetEventSender()->Subscribe<ITimerNotify>(&m_hover);
     m_system.AddWindow(this);
 }

@@ -1,6 +1,5 @@
 #include "e2e/xwd_image.h"
 #include "mirel7/system/journal_control.h"
-#include "mirel7/system/pixel_painter.h"
 
 #include <mirel7/runnable.h>
 #include <mirel7/sdl/sdl_system.h>
@@ -53,8 +52,7 @@ protected:
     void SetUp() override {
         if (!std::getenv("DISPLAY")) GTEST_SKIP() << "needs an X display; the test command runs one";
         ASSERT_TRUE(System().IsReady());
-        window = std::make_unique<CSdlWindow>(
-            System(), "e2e", ClientSize, std::make_unique<mirel_test::CPixelPainter>(ClientSize), &Origin);
+        window = std::make_unique<CSdlWindow>(System(), "e2e", ClientSize, nullptr, &Origin);
         control = std::make_unique<CPaintingControl>(window.get());
         // Without a window manager the server may refuse the focus while the window is being mapped. Asked
         // again at once, the answer would be lost: the desktop reports a focus only after it stayed a moment.
