@@ -26,6 +26,19 @@ screen_rectangle<int> Union(screen_rectangle<int> const& a, screen_rectangle<int
             std::max(a.bottom, b.bottom)};
 }
 
+// The cursor ids SetCursor knows; every other id stands for the arrow.
+int NormalizeCursor(int cursor) {
+    switch (cursor) {
+    case ISysWindow::CursorSizeNS:
+    case ISysWindow::CursorSizeWE:
+    case ISysWindow::CursorHand:
+    case ISysWindow::CursorNoDrop:
+        return cursor;
+    default:
+        return ISysWindow::CursorArrow;
+    }
+}
+
 } // namespace
 
 CSysWindowBase::CSysWindowBase(CSystemBase& system, size<int> clientSize,
@@ -40,18 +53,6 @@ CSysWindowBase::CSysWindowBase(CSystemBase& system, size<int> clientSize,
 CSysWindowBase::~CSysWindowBase() {
     m_queue.Close();
     m_system.RemoveWindow(this);
-}
-
-int CSysWindowBase::NormalizeCursor(int cursor) {
-    switch (cursor) {
-    case CursorSizeNS:
-    case CursorSizeWE:
-    case CursorHand:
-    case CursorNoDrop:
-        return cursor;
-    default:
-        return CursorArrow;
-    }
 }
 
 void CSysWindowBase::GetClientRect(screen_rectangle<int>& rect) const {

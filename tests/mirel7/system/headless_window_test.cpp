@@ -9,6 +9,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdio>
+#include <fstream>
 #include <memory>
 
 namespace {
@@ -210,6 +212,17 @@ TEST(HeadlessWindowPainter, AnInjectedPainterIsTheOneThatPaintsAndScrolls) {
     window.ScrollWindow(-2, 3, {7, 8, 5, 6});
     EXPECT_EQ(recording->Lines({"ScrollBuffer"}), (std::vector<std::string>{"ScrollBuffer -2,3 5,6,7,8"}))
         << "the source goes to the buffer normalised and inclusive";
+}
+
+TEST_F(HeadlessWindow, SavesTheBackBufferAsPng) {
+    Fill(0, 0, 39, 29, 0xFF102030u);
+    std::string const path = testing::TempDir() + "headless_window.png";
+    ASSERT_TRUE(window.SavePng(path));
+    std::ifstream file(path, std::ios::binary);
+    char signature[8] = {};
+    file.read(signature, 8);
+    EXPECT_EQ(std::string(signature + 1, 3), "PNG");
+    std::remove(path.c_str());
 }
 
 TEST_F(HeadlessWindow, CursorIdsOutsideTheKnownOnesShowTheArrow) {
