@@ -51,11 +51,6 @@ int CRunnableQueue::RunPending() {
     return ran;
 }
 
-bool CRunnableQueue::HasPending() const {
-    std::lock_guard lock(m_mutex);
-    return !m_pending.empty();
-}
-
 void CRunnableQueue::Close() {
     std::vector<IRunnable*> dropped;
     {

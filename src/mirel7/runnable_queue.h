@@ -24,7 +24,6 @@ public:
     void Synchronize(IRunnable* runnable) override;
     // Runs what was posted before the call; what those post runs on the next call. Answers how many ran.
     int RunPending();
-    bool HasPending() const;
     // Drops the pending runnables and every later one.
     void Close();
 
@@ -32,7 +31,7 @@ private:
     static void Dispose(IRunnable* runnable);
 
     std::function<void()> m_wake;
-    mutable std::mutex m_mutex;
+    std::mutex m_mutex;
     std::vector<IRunnable*> m_pending;
     bool m_closed = false;
 };

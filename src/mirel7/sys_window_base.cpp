@@ -1,4 +1,3 @@
-#include <mirel7/drawing_backend.h>
 #include <mirel7/sys_window_base.h>
 #include <mirel7/system_base.h>
 
@@ -27,13 +26,26 @@ screen_rectangle<int> Union(screen_rectangle<int> const& a, screen_rectangle<int
             std::max(a.bottom, b.bottom)};
 }
 
+// The cursor ids SetCursor knows; every other id stands for the arrow.
+int NormalizeCursor(int cursor) {
+    switch (cursor) {
+    case ISysWindow::CursorSizeNS:
+    case ISysWindow::CursorSizeWE:
+    case ISysWindow::CursorHand:
+    case ISysWindow::CursorNoDrop:
+        return cursor;
+    default:
+        return ISysWindow::CursorArrow;
+    }
+}
+
 } // namespace
 
 CSysWindowBase::CSysWindowBase(CSystemBase& system, size<int> clientSize,
                                std::unique_ptr<IWindowPainter> painter)
     : m_system(system), m_painter(std::move(painter)), m_queue([this] { Wake(); }), m_size(clientSize),
       m_hoverTimer(system.CreateTimer(HoverDelayMs, false)) {
-    if (!m_painter) m_painter = MakeWindowPainter(clientSize, system.GetDPIScale());
+    if (!m_painter) m_painter = NewWindowPainter(clientSize, system.GetDPIScale());
     m_hoverTimer->GetEventSender()->Subscribe<ITimerNotify>(&m_hover);
     m_system.AddWindow(this);
 }
@@ -41,18 +53,6 @@ CSysWindowBase::CSysWindowBase(CSystemBase& system, size<int> clientSize,
 CSysWindowBase::~CSysWindowBase() {
     m_queue.Close();
     m_system.RemoveWindow(this);
-}
-
-int CSysWindowBase::NormalizeCursor(int cursor) {
-    switch (cursor) {
-    case CursorSizeNS:
-    case CursorSizeWE:
-    case CursorHand:
-    case CursorNoDrop:
-        return cursor;
-    default:
-        return CursorArrow;
-    }
 }
 
 void CSysWindowBase::GetClientRect(screen_rectangle<int>& rect) const {

@@ -52,13 +52,8 @@ public:
     bool IsPaintPending() const { return m_paintPending; }
     int GetPaintCount() const { return m_paints; }
 
-    // The cursor ids SetCursor knows; every other id stands for the arrow.
-    static int NormalizeCursor(int cursor);
-
 protected:
     CSysWindowBase(CSystemBase& system, size<int> clientSize, std::unique_ptr<IWindowPainter> painter);
-
-    CSystemBase& GetSystem() const { return m_system; }
 
     // The backend's part.
     virtual point<int> GetScreenOrigin() const = 0;
@@ -92,9 +87,6 @@ protected:
     // Sends the destroy event once, drops the pending runnables and marks the window as closing.
     void SendDestroy();
     void SetClosing() { m_closing = true; }
-
-    bool IsPointerInside() const { return m_pointerInside; }
-    point<int> GetPointerPosition() const { return m_pointer; }
 
 private:
     friend class CSystemBase;

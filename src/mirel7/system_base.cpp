@@ -1,10 +1,10 @@
-#include <mirel7/drawing_backend.h>
 #include <mirel7/locked_value.h>
 #include <mirel7/palette.h>
 #include <mirel7/raster_picture.h>
 #include <mirel7/sys_window_base.h>
 #include <mirel7/system_base.h>
 #include <mirel7/thread_runner.h>
+#include <mirel7/window_painter.h>
 
 #include <algorithm>
 #include <mutex>
@@ -60,7 +60,7 @@ mirel_ptr<ISysTimer> CSystemBase::CreateTimer(int intervalMs, bool active) {
 }
 
 mirel_ptr<IRasterPicture> CSystemBase::CreateRasterPicture(int width, int height) {
-    return MakeRasterPicture(width, height);
+    return NewRasterPicture(width, height);
 }
 
 mirel_ptr<IRunner> CSystemBase::CreateRunner() {

@@ -1,6 +1,5 @@
 #include "e2e/xwd_image.h"
 #include "mirel7/system/journal_control.h"
-#include "mirel7/system/pixel_painter.h"
 
 #include <mirel7/runnable.h>
 #include <mirel7/sdl/sdl_system.h>
@@ -42,18 +41,28 @@ public:
     }
 };
 
+// One system for all cases, as in a program: SDL is not made to start over for each.
+CSdlSystem& System() {
+    static CSdlSystem system;
+    return system;
+}
+
 class SdlWindowOnX : public testing::Test {
 protected:
     void SetUp() override {
         if (!std::getenv("DISPLAY")) GTEST_SKIP() << "needs an X display; the test command runs one";
-        ASSERT_TRUE(system.IsReady());
-        window = std::make_unique<CSdlWindow>(
-            system, "e2e", ClientSize, std::make_unique<mirel_test::CPixelPainter>(ClientSize), &Origin);
+        ASSERT_TRUE(System().IsReady());
+        window = std::make_unique<CSdlWindow>(System(), "e2e", ClientSize, nullptr, &Origin);
         control = std::make_unique<CPaintingControl>(window.get());
-        // Without a window manager the server may refuse the focus while the window is being mapped; asking
-        // again is what a user's click would do.
+        // Without a window manager the server may refuse the focus while the window is being mapped. Asked
+        // again at once, the answer would be lost: the desktop reports a focus only after it stayed a moment.
+        window->SetFocus();
+        auto asked = std::chrono::steady_clock::now();
         ASSERT_TRUE(PumpUntil([&] {
-            if (!window->HasFocus()) window->SetFocus();
+            if (!window->HasFocus() && std::chrono::steady_clock::now() - asked > std::chrono::seconds(1)) {
+                window->SetFocus();
+                asked = std::chrono::steady_clock::now();
+            }
             return window->GetPaintCount() > 0 && window->HasFocus();
         }));
         Xdotool("mousemove 0 0");
@@ -70,7 +79,7 @@ protected:
         auto const end = std::chrono::steady_clock::now() + std::chrono::seconds(5);
         while (!done()) {
             if (std::chrono::steady_clock::now() > end) return false;
-            system.RunOnce(10);
+            System().RunOnce(10);
         }
         return true;
     }
@@ -99,7 +108,6 @@ protected:
 
     std::string At(int x, int y) { return std::to_string(Origin.x + x) + " " + std::to_string(Origin.y + y); }
 
-    CSdlSystem system;
     std::unique_ptr<CSdlWindow> window;
     std::unique_ptr<CPaintingControl> control;
 };
@@ -164,7 +172,7 @@ TEST_F(SdlWindowOnX, RunnablesFromAWorkerThreadRunOnTheLoop) {
     // A long wait: only the wake-up of the post can end it early.
     auto const start = std::chrono::steady_clock::now();
     while (!ran && std::chrono::steady_clock::now() - start < std::chrono::seconds(5))
-        system.RunOnce(60'000);
+        System().RunOnce(60'000);
     worker.join();
     EXPECT_TRUE(ran);
 }

@@ -254,8 +254,12 @@ void CSdlWindow::Dispatch(SDL_Event const& event) {
     case SDL_MOUSEBUTTONDOWN: {
         MouseButton const button = Button(event.button.button);
         if (button == ButtonNone) break;
-        // The second press of each pair is the double click; a third starts over.
-        if (event.button.clicks % 2 == 0)
+        // The second press of each pair is the double click; a third starts over. The desktop counts the
+        // presses of the whole program, so this window counts from the first press it saw itself.
+        int const clicks = event.button.clicks;
+        if (clicks == 1 || clicks != m_lastClicks + 1) m_firstClick = clicks;
+        m_lastClicks = clicks;
+        if ((clicks - m_firstClick) % 2 == 1)
             SendDoubleClick(event.button.x, event.button.y, button, Modifiers());
         else
             SendButton(true, event.button.x, event.button.y, button, Modifiers());

@@ -51,6 +51,9 @@ private:
     SDL_Cursor* m_sdlCursor = nullptr;
     // A focus asked for before the desktop showed the window is asked for again once it did.
     bool m_focusWanted = false;
+    // The desktop's press counts at this window's last press and at the first of its series.
+    int m_lastClicks = 0;
+    int m_firstClick = 0;
 };
 
 } // namespace mirel7::sdl

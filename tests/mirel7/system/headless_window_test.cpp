@@ -1,14 +1,16 @@
 #include "mirel7/system/journal_control.h"
-#include "mirel7/system/pixel_painter.h"
 
 #include <mirel7/event_sender.h>
 #include <mirel7/headless/headless_system.h>
 #include <mirel7/headless/headless_window.h>
 #include <mirel7/palette.h>
+#include <mirel7/recording_painter.h>
 #include <mirel7/runnable.h>
 
 #include <gtest/gtest.h>
 
+#include <cstdio>
+#include <fstream>
 #include <memory>
 
 namespace {
@@ -17,14 +19,27 @@ using namespace mirel7;
 using mirel7::headless::CHeadlessSystem;
 using mirel7::headless::CHeadlessWindow;
 using mirel_test::CJournalControl;
-using mirel_test::CPixelPainter;
 using Journal = std::vector<std::string>;
 
 class HeadlessWindow : public testing::Test {
 protected:
+    // Fills the back buffer's pixels of the inclusive rectangle with one colour.
+    void Fill(int left, int top, int right, int bottom, std::uint32_t argb) {
+        IWindowPainter::SPixels const pixels = window.GetPainter()->BeginPixelAccess();
+        for (int y = top; y <= bottom; ++y)
+            for (int x = left; x <= right; ++x)
+                pixels.data[y * pixels.stride + x] = argb;
+        window.GetPainter()->EndPixelAccess();
+    }
+    std::uint32_t Pixel(int x, int y) {
+        IWindowPainter::SPixels const pixels = window.GetPainter()->BeginPixelAccess();
+        std::uint32_t const value = pixels.data[y * pixels.stride + x];
+        window.GetPainter()->EndPixelAccess();
+        return value;
+    }
+
     CHeadlessSystem system;
-    CPixelPainter* painter = new CPixelPainter({40, 30});
-    CHeadlessWindow window{system, {40, 30}, std::unique_ptr<IWindowPainter>(painter)};
+    CHeadlessWindow window{system, {40, 30}};
     CJournalControl control{&window};
 };
 
@@ -162,14 +177,15 @@ TEST_F(HeadlessWindow, ResizeResizesTheBufferAndAsksForAPaint) {
     screen_rectangle<int> client;
     window.GetClientRect(client);
     EXPECT_EQ(client, (screen_rectangle<int>{0, 0, 60, 20}));
-    EXPECT_EQ(painter->GetBufferSize(), (size<int>{60, 20}));
+    EXPECT_EQ(window.GetPainter()->GetBufferSize(), (size<int>{60, 20}));
     EXPECT_TRUE(window.Paint());
     EXPECT_EQ(control.Take(), (Journal{"Resize", "Draw"}));
 }
 
 TEST_F(HeadlessWindow, ScrollWindowMovesExactlyTheInclusiveSourceRectangle) {
-    painter->Fill(0, 0, 39, 29, 0xFF0000FFu);
-    painter->Fill(10, 10, 19, 14, 0xFFFF0000u);
+    ASSERT_NE(window.GetPainter(), nullptr) << "the drawing backend's painter by default";
+    Fill(0, 0, 39, 29, 0xFF0000FFu);
+    Fill(10, 10, 19, 14, 0xFFFF0000u);
     EXPECT_TRUE(window.ScrollWindow(5, -3, {10, 10, 19, 14}));
     EXPECT_EQ(window.GetScrollCount(), 1);
     for (int y = 0; y < 30; ++y)
@@ -177,8 +193,36 @@ TEST_F(HeadlessWindow, ScrollWindowMovesExactlyTheInclusiveSourceRectangle) {
             bool const moved = x >= 15 && x <= 24 && y >= 7 && y <= 11;
             bool const keptSource = x >= 10 && x <= 19 && y >= 10 && y <= 14;
             std::uint32_t const expected = moved || keptSource ? 0xFFFF0000u : 0xFF0000FFu;
-            ASSERT_EQ(painter->Pixel(x, y), expected) << x << "," << y;
+            ASSERT_EQ(Pixel(x, y), expected) << x << "," << y;
         }
+}
+
+TEST(HeadlessWindowPainter, AnInjectedPainterIsTheOneThatPaintsAndScrolls) {
+    CHeadlessSystem system;
+    auto* recording = new CRecordingPainter({40, 30});
+    CHeadlessWindow window(system, {40, 30}, std::unique_ptr<IWindowPainter>(recording));
+    struct CPainterCheck : CSubscriber<IDrawingNotify> {
+        void OnDraw(IPainter* p) override { painter = p; }
+        IPainter* painter = nullptr;
+    } check;
+    window.GetEventSender()->Subscribe<IDrawingNotify>(&check);
+    window.Invalidate({0, 0, 40, 30});
+    window.Paint();
+    EXPECT_EQ(check.painter, recording);
+    window.ScrollWindow(-2, 3, {7, 8, 5, 6});
+    EXPECT_EQ(recording->Lines({"ScrollBuffer"}), (std::vector<std::string>{"ScrollBuffer -2,3 5,6,7,8"}))
+        << "the source goes to the buffer normalised and inclusive";
+}
+
+TEST_F(HeadlessWindow, SavesTheBackBufferAsPng) {
+    Fill(0, 0, 39, 29, 0xFF102030u);
+    std::string const path = testing::TempDir() + "headless_window.png";
+    ASSERT_TRUE(window.SavePng(path));
+    std::ifstream file(path, std::ios::binary);
+    char signature[8] = {};
+    file.read(signature, 8);
+    EXPECT_EQ(std::string(signature + 1, 3), "PNG");
+    std::remove(path.c_str());
 }
 
 TEST_F(HeadlessWindow, CursorIdsOutsideTheKnownOnesShowTheArrow) {
@@ -272,8 +316,7 @@ TEST_F(HeadlessWindow, DestroyDropsPendingRunnablesAndTheControlForgetsTheWindow
 
 TEST(HeadlessWindowLifetime, AControlOutlivesItsWindow) {
     CHeadlessSystem system;
-    auto window = std::make_unique<CHeadlessWindow>(system, size<int>{10, 10},
-                                                    std::make_unique<CPixelPainter>(size<int>{10, 10}));
+    auto window = std::make_unique<CHeadlessWindow>(system, size<int>{10, 10});
     CJournalControl control(window.get());
     window.reset();
     EXPECT_EQ(control.GetSysWindow(), nullptr);
@@ -282,7 +325,7 @@ TEST(HeadlessWindowLifetime, AControlOutlivesItsWindow) {
 
 TEST(HeadlessWindowLifetime, AWindowOutlivesItsControl) {
     CHeadlessSystem system;
-    CHeadlessWindow window(system, {10, 10}, std::make_unique<CPixelPainter>(size<int>{10, 10}));
+    CHeadlessWindow window(system, {10, 10});
     {
         CJournalControl control(&window);
         EXPECT_EQ(window.GetEventSender()->GetSubscribersCount(typeid(IMouseNotify)), 1);
