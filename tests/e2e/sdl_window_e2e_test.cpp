@@ -1,3 +1,4 @@
+#include "e2e/sdl_test.h"
 #include "e2e/xwd_image.h"
 #include "mirel7/system/journal_control.h"
 
@@ -9,9 +10,8 @@
 
 #include <algorithm>
 #include <chrono>
-#include <cstdlib>
-#include <future>
 #include <string>
+#include <thread>
 
 namespace {
 
@@ -21,7 +21,6 @@ using mirel7::sdl::CSdlWindow;
 using mirel_test::CJournalControl;
 using Journal = std::vector<std::string>;
 
-constexpr point<int> Origin{60, 40};
 constexpr size<int> ClientSize{200, 150};
 
 // Paints three areas of known colours, through the painter interface only.
@@ -41,62 +40,12 @@ public:
     }
 };
 
-// One system for all cases, as in a program: SDL is not made to start over for each.
-CSdlSystem& System() {
-    static CSdlSystem system;
-    return system;
-}
-
-class SdlWindowOnX : public testing::Test {
+class SdlWindowOnX : public mirel_test::CSdlTest {
 protected:
     void SetUp() override {
-        if (!std::getenv("DISPLAY")) GTEST_SKIP() << "needs an X display; the test command runs one";
-        ASSERT_TRUE(System().IsReady());
-        window = std::make_unique<CSdlWindow>(System(), "e2e", ClientSize, nullptr, &Origin);
-        control = std::make_unique<CPaintingControl>(window.get());
-        // Without a window manager the server may refuse the focus while the window is being mapped. Asked
-        // again at once, the answer would be lost: the desktop reports a focus only after it stayed a moment.
-        window->SetFocus();
-        auto asked = std::chrono::steady_clock::now();
-        ASSERT_TRUE(PumpUntil([&] {
-            if (!window->HasFocus() && std::chrono::steady_clock::now() - asked > std::chrono::seconds(1)) {
-                window->SetFocus();
-                asked = std::chrono::steady_clock::now();
-            }
-            return window->GetPaintCount() > 0 && window->HasFocus();
-        }));
-        Xdotool("mousemove 0 0");
-        control->Take();
-    }
-    void TearDown() override {
-        control.reset();
-        window.reset();
-    }
-
-    // Turns the loop until `done` answers true; false after five seconds.
-    template <class F>
-    bool PumpUntil(F done) {
-        auto const end = std::chrono::steady_clock::now() + std::chrono::seconds(5);
-        while (!done()) {
-            if (std::chrono::steady_clock::now() > end) return false;
-            System().RunOnce(10);
-        }
-        return true;
-    }
-
-    // Runs xdotool while the loop turns, then lets the events it made arrive.
-    void Xdotool(std::string const& arguments) {
-        auto run = std::async(std::launch::async,
-                              [arguments] { return std::system(("xdotool " + arguments).c_str()); });
-        PumpUntil([&] { return run.wait_for(std::chrono::seconds(0)) == std::future_status::ready; });
-        EXPECT_EQ(run.get(), 0) << arguments;
-        Settle();
-    }
-
-    // Turns the loop a while, for what the desktop still has on its way.
-    void Settle() {
-        auto const end = std::chrono::steady_clock::now() + std::chrono::milliseconds(150);
-        PumpUntil([&] { return std::chrono::steady_clock::now() > end; });
+        OpenWindow(ClientSize, [&](CSdlWindow* w) { control = std::make_unique<CPaintingControl>(w); });
+        detach = [&] { control.reset(); };
+        if (control) control->Take();
     }
 
     // The journal without the records of painting and focus, which the desktop sends when it likes.
@@ -106,9 +55,6 @@ protected:
         return input;
     }
 
-    std::string At(int x, int y) { return std::to_string(Origin.x + x) + " " + std::to_string(Origin.y + y); }
-
-    std::unique_ptr<CSdlWindow> window;
     std::unique_ptr<CPaintingControl> control;
 };
 
@@ -172,7 +118,7 @@ TEST_F(SdlWindowOnX, RunnablesFromAWorkerThreadRunOnTheLoop) {
     // A long wait: only the wake-up of the post can end it early.
     auto const start = std::chrono::steady_clock::now();
     while (!ran && std::chrono::steady_clock::now() - start < std::chrono::seconds(5))
-        System().RunOnce(60'000);
+        mirel_test::SdlSystem().RunOnce(60'000);
     worker.join();
     EXPECT_TRUE(ran);
 }
