@@ -134,17 +134,4 @@ TEST_P(OverflowOnEachEdge, LaterStripsClampToTheFreeRectangleAndInvertIt) {
 INSTANTIATE_TEST_SUITE_P(Layout, OverflowOnEachEdge, testing::ValuesIn(OverflowVectors),
                          [](auto const& info) { return std::string(EdgeName(info.param.edge)); });
 
-TEST(Docking, AForcedPlacementPassesTheForceDownAndReplacesChildrenOfUnchangedSize) {
-    mirel_test::CControlFixture f{{200, 100}};
-    CStrip box(f.Root(), 40, AlignLeft);
-    CCountingStrip inner(&box, 10, AlignTop);
-    f.control->Rearrange();
-    int const before = inner.placements;
-    box.SetPos(box.GetPosition(), false);
-    EXPECT_EQ(inner.placements, before) << "an unforced placement at the same rectangle does nothing";
-    box.SetPos(box.GetPosition(), true);
-    EXPECT_EQ(inner.placements, before + 1);
-    EXPECT_EQ(inner.GetPosition(), R(0, 0, 40, 10));
-}
-
 } // namespace
