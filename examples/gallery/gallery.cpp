@@ -2,19 +2,26 @@
 
 #include "swatch.h"
 
+#include <algorithm>
+
 namespace gallery {
 
-void BuildDockingPage(mirelfrw7::CVisualElement* host);
-void BuildInputPage(mirelfrw7::CVisualElement* host);
-void BuildLayoutsPage(mirelfrw7::CVisualElement* host);
+namespace {
+std::vector<SPage>& Registered() {
+    static std::vector<SPage> pages;
+    return pages;
+}
+} // namespace
+
+CPageRegistration::CPageRegistration(SPage page) {
+    auto& pages = Registered();
+    pages.insert(std::upper_bound(pages.begin(), pages.end(), page,
+                                  [](SPage const& a, SPage const& b) { return a.order < b.order; }),
+                 std::move(page));
+}
 
 std::vector<SPage> const& Pages() {
-    static std::vector<SPage> const pages = {
-        {"docking", &BuildDockingPage},
-        {"input", &BuildInputPage},
-        {"layouts", &BuildLayoutsPage},
-    };
-    return pages;
+    return Registered();
 }
 
 // The names of the pages side by side; the current one highlighted.

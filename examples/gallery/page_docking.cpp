@@ -66,4 +66,6 @@ void BuildDockingPage(CVisualElement* host) {
     none->SetPos({20, 30, 140, 70}, false);
 }
 
+GALLERY_PAGE(10, "docking", BuildDockingPage)
+
 } // namespace gallery

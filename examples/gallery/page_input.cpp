@@ -42,12 +42,14 @@ private:
 class CTile : public CVisualElement {
 public:
     CTile(CVisualElement* parent, std::string name, _color color, CReport& report)
-        : CVisualElement(parent, {150, 0}, AlignLeft), m_name(std::move(name)), m_color(color), m_report(report) {
+        : CVisualElement(parent, {150, 0}, AlignLeft), m_name(std::move(name)), m_color(color),
+          m_report(report) {
         SetFocusable(true);
         SetBkColor(color);
     }
     void HandleMouseHover(CVisualElement*) override {
-        SetBkColor(_color(std::min(255, m_color.r + 50), std::min(255, m_color.g + 50), std::min(255, m_color.b + 50)));
+        SetBkColor(_color(std::min(255, m_color.r + 50), std::min(255, m_color.g + 50),
+                          std::min(255, m_color.b + 50)));
         m_report.Say(m_name + ": the pointer came in");
     }
     void HandleMouseLeave(CVisualElement*) override {
@@ -68,7 +70,8 @@ public:
         rectangle<int> const b = GetBounds();
         painter->FillRect(b.left, b.top, b.right, b.bottom);
         painter->SetTextColor(ContrastingText(GetBkColor()));
-        painter->DrawString(rectangle<double>(b), m_name + "\nclicks: " + std::to_string(m_clicks), TextFlags);
+        painter->DrawString(rectangle<double>(b), m_name + "\nclicks: " + std::to_string(m_clicks),
+                            TextFlags);
         if (GetControl() && GetControl()->GetFocusedElement() == this)
             painter->FocusRect(b.left + 4, b.top + 4, b.right - 4, b.bottom - 4);
     }
@@ -98,8 +101,7 @@ public:
         painter->FillRect(r.left, r.top, r.right, r.bottom);
     }
     void HandleDragFinished(CVisualElement* target, DragInfo&) override {
-        if (!target)
-            m_report.Say("the block was dropped on nothing");
+        if (!target) m_report.Say("the block was dropped on nothing");
     }
 
 private:
@@ -138,5 +140,7 @@ void BuildInputPage(CVisualElement* host) {
     field->GetChildren()->GetItem(1)->SetPos({300, 30, 480, 190}, false);
     field->GetChildren()->GetItem(2)->SetPos({520, 30, 700, 190}, false);
 }
+
+GALLERY_PAGE(20, "input", BuildInputPage)
 
 } // namespace gallery

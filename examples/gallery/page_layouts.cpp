@@ -178,4 +178,6 @@ void BuildLayoutsPage(CVisualElement* host) {
     new CGridPane(host);
 }
 
+GALLERY_PAGE(30, "layouts", BuildLayoutsPage)
+
 } // namespace gallery
