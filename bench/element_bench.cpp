@@ -8,7 +8,7 @@
 
 #include <benchmark/benchmark.h>
 
-#include "allocation_meter.h"
+#include "support/allocation_counter.h"
 
 #include <memory>
 
@@ -28,13 +28,12 @@ public:
 void ElementLifetime(benchmark::State& state) {
     mirel7::headless::CHeadlessSystem system;
     CBlock parent(nullptr, {0, 0}, AlignNone);
-    std::size_t const before = bench::AllocatedBytes();
+    mirel_test::CCountAllocations allocations;
     for (auto _ : state) {
         auto* e = new CBlock(&parent, {10, 10}, AlignLeft);
         delete e;
     }
-    state.counters["bytes"] =
-        benchmark::Counter(double(bench::AllocatedBytes() - before) / double(state.iterations()));
+    state.counters["bytes"] = benchmark::Counter(double(allocations.Bytes()) / double(state.iterations()));
 }
 BENCHMARK(ElementLifetime);
 

@@ -8,7 +8,7 @@
 
 #include <benchmark/benchmark.h>
 
-#include "allocation_meter.h"
+#include "support/allocation_counter.h"
 
 #include <vector>
 
@@ -119,12 +119,11 @@ void FlowUpdate(benchmark::State& state) {
     CFlowLayout flow;
     flow.SetSite(&items);
     flow.SetWidth(400);
-    std::size_t const before = bench::AllocatedBytes();
+    mirel_test::CCountAllocations allocations;
     for (auto _ : state)
         flow.Update();
     state.SetItemsProcessed(state.iterations() * state.range(0));
-    state.counters["bytes"] =
-        benchmark::Counter(double(bench::AllocatedBytes() - before) / double(state.iterations()));
+    state.counters["bytes"] = benchmark::Counter(double(allocations.Bytes()) / double(state.iterations()));
 }
 BENCHMARK(FlowUpdate)->Arg(100)->Arg(10000);
 

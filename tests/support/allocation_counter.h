@@ -4,8 +4,9 @@
 
 namespace mirel_test {
 
-// Counts the allocations made through operator new on this thread while it lives. Linking this file
-// replaces the global operator new and delete of the test program.
+// Counts the allocations made through operator new on this thread while it lives, and their bytes. Linking
+// the allocation counter replaces the global operator new and delete of the program; the tests and the
+// benchmarks both use it.
 class CCountAllocations {
 public:
     CCountAllocations();
@@ -14,9 +15,11 @@ public:
     CCountAllocations& operator=(CCountAllocations const&) = delete;
 
     std::size_t Allocations() const;
+    std::size_t Bytes() const;
 
 private:
-    std::size_t m_start;
+    std::size_t m_startCount;
+    std::size_t m_startBytes;
     bool m_wasCounting;
 };
 
