@@ -1,22 +1,30 @@
-#include <mirel7/base.h>
-#include <mirel7/types.h>
-#include <mirelfrw7/core/signal.h>
+// A program of someone else's: a control with one element on an offscreen window, painted once.
+#include <mirelfrw7/core/base_control.h>
+
+#include <mirel7/headless/headless_system.h>
+#include <mirel7/headless/headless_window.h>
 
 #include <cstdio>
 
-struct Receiver : tarnkit2::subscriber_base_t {
-    void Take(int value) { sum += value; }
-    int sum = 0;
+class CBlock : public mirelfrw7::CVisualElement {
+public:
+    using CVisualElement::CVisualElement;
+    void DrawContent(mirel7::IPainter* painter) override {
+        ++paints;
+        mirel7::rectangle<int> const b = GetBounds();
+        painter->FillRect(b.left, b.top, b.right, b.bottom);
+    }
+    int paints = 0;
 };
 
 int main() {
-    tarnkit2::signal_t<int> signal;
-    Receiver receiver;
-    signal.connect(&receiver, &Receiver::Take);
-    signal(40);
-    signal(2);
-    mirel7::rectangle<int> const r{10, 10, 0, 0};
-    bool const ok = receiver.sum == 42 && r.Normalized().Width() == 10;
+    mirel7::headless::CHeadlessSystem system;
+    mirel7::headless::CHeadlessWindow window(system, {120, 80});
+    mirelfrw7::CBaseControl control(&window);
+    CBlock block(control.GetContent(), {40, 0}, mirelfrw7::AlignLeft);
+    block.SetBkColor(mirel7::_color(200, 30, 30));
+    window.Paint();
+    bool const ok = block.paints == 1 && block.GetPosition() == mirel7::rectangle<int>{0, 0, 40, 79};
     std::puts(ok ? "consumer ok" : "consumer wrong");
     return ok ? 0 : 1;
 }
