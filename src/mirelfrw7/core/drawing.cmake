@@ -5,6 +5,7 @@ target_sources(mirelfrw7 PRIVATE
   ${CMAKE_CURRENT_LIST_DIR}/clip_holder.cpp
   ${CMAKE_CURRENT_LIST_DIR}/drawing_context.cpp
   ${CMAKE_CURRENT_LIST_DIR}/invalid_region.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/label.cpp
   ${CMAKE_CURRENT_LIST_DIR}/palette_routine.cpp
   ${CMAKE_CURRENT_LIST_DIR}/transparent_painter.cpp
 )
