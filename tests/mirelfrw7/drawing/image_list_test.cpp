@@ -73,16 +73,6 @@ TEST(ImageListCalls, DisabledDrawingGreysAndLeavesTheFlagAsItWas) {
               std::vector<std::string>(2, "DrawRasterPicture 4,5,12,11 picture=8x6 disabled"));
 }
 
-TEST_F(ImageList, DisabledImagesAreGreyed) {
-    CImageList list({8, 6});
-    list.AddPicture(Strip({Red}).get());
-    list.DrawDisabled(painter.get(), 0, 0, 0, 0, 0);
-    std::uint32_t const pixel = Shot().At(4, 4);
-    EXPECT_NE(pixel, Red);
-    EXPECT_EQ(pixel & 0xff, (pixel >> 8) & 0xff) << "grey";
-    EXPECT_EQ(pixel & 0xff, (pixel >> 16) & 0xff) << "grey";
-}
-
 TEST_F(ImageList, ReadsPngFilesWithTheirAlpha) {
     std::filesystem::path const file =
         std::filesystem::temp_directory_path() / ("image_list_test_" + std::to_string(::getpid()) + ".png");
