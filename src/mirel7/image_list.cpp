@@ -1,7 +1,7 @@
-#include <mirel7/drawing_backend.h>
 #include <mirel7/image_list.h>
 #include <mirel7/painter.h>
 #include <mirel7/png_picture.h>
+#include <mirel7/window_painter.h>
 
 namespace mirel7 {
 
@@ -33,7 +33,7 @@ int CImageList::AddPicture(IRasterPicture* picture) {
     for (int top = 0; top + m_imageSize.cy <= whole.cy; top += m_imageSize.cy) {
         for (int left = 0; left + m_imageSize.cx <= whole.cx; left += m_imageSize.cx) {
             rectangle<int> const cell{left, top, left + m_imageSize.cx, top + m_imageSize.cy};
-            mirel_ptr<IRasterPicture> image = MakeRasterPicture(0, 0);
+            mirel_ptr<IRasterPicture> image = NewRasterPicture(0, 0);
             if (!image || !image->CopyFrom(picture, &cell)) return added;
             m_images.push_back(std::move(image));
             ++added;

@@ -8,14 +8,8 @@
 
 namespace mirel7 {
 
-// Reading PNG files belongs to the drawing backend, which a build may leave out (see drawing_backend.h).
-MIREL7_API mirel_ptr<IRasterPicture> NewPngPicture(std::string const& path) __attribute__((weak));
-
-// A raster picture of the PNG file at `path`, with its alpha; null when the file cannot be read or there is
-// no drawing backend.
-inline mirel_ptr<IRasterPicture> LoadPngPicture(std::string const& path) {
-    if (!NewPngPicture) return nullptr;
-    return NewPngPicture(path);
-}
+// A raster picture of the PNG file at `path`, with its alpha; null when the file cannot be read. Reading
+// belongs to the drawing backend, beside NewRasterPicture.
+MIREL7_API mirel_ptr<IRasterPicture> LoadPngPicture(std::string const& path);
 
 } // namespace mirel7

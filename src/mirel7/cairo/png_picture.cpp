@@ -3,7 +3,7 @@
 
 namespace mirel7 {
 
-mirel_ptr<IRasterPicture> NewPngPicture(std::string const& path) {
+mirel_ptr<IRasterPicture> LoadPngPicture(std::string const& path) {
     cairo_surface_t* const png = cairo_image_surface_create_from_png(path.c_str());
     if (cairo_surface_status(png) != CAIRO_STATUS_SUCCESS) {
         cairo_surface_destroy(png);
