@@ -79,4 +79,8 @@ int CDefaultColumnViewModel::FindItemAt(int from, int to, std::int64_t pixel, st
     return m_itemSizes.FindAt(from, to, pixel, GetDefaultItemSize(), itemStart);
 }
 
+int CDefaultColumnViewModel::FindFirstFitting(int from, int to, std::int64_t room) const {
+    return m_itemSizes.FindFirstFitting(from, to, room, GetDefaultItemSize());
+}
+
 } // namespace mirelfrw7

@@ -37,6 +37,7 @@ public:
 
     std::int64_t GetItemsExtent(int from, int to) const override;
     int FindItemAt(int from, int to, std::int64_t pixel, std::int64_t* itemStart) const override;
+    int FindFirstFitting(int from, int to, std::int64_t room) const override;
 
     CSparseItemSizes const& GetItemSizes() const { return m_itemSizes; }
     CUpdateStorage const& GetUpdates() const { return m_updates; }

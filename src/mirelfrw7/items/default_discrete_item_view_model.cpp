@@ -48,4 +48,8 @@ int CDefaultDiscreteItemViewModel::FindItemAt(int from, int to, std::int64_t pix
     return m_itemSizes.FindAt(from, to, pixel, GetDefaultItemSize(), itemStart);
 }
 
+int CDefaultDiscreteItemViewModel::FindFirstFitting(int from, int to, std::int64_t room) const {
+    return m_itemSizes.FindFirstFitting(from, to, room, GetDefaultItemSize());
+}
+
 } // namespace mirelfrw7

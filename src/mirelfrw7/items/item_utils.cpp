@@ -2,6 +2,7 @@
 #include <mirelfrw7/items/saturating_int.h>
 
 #include <algorithm>
+#include <climits>
 #include <optional>
 
 namespace mirelfrw7::Utils {
@@ -107,16 +108,13 @@ int GetLastVisibleItem(IDiscreteItemViewModel const& model) {
 
 int CalcStart(IDiscreteItemViewModel const& model, int last) {
     if (last < 0) return 0;
-    std::int64_t room = model.GetViewSize();
-    int const lastSize = model.GetItemSize(last);
-    if (room <= lastSize || last == 0) return last;
-    room -= lastSize;
-    int start = last;
-    while (start > 0 && room > model.GetItemSize(start - 1)) {
-        --start;
-        room -= model.GetItemSize(start);
-    }
-    return start;
+    // No item lies there, and one past it would not be an int.
+    last = std::min(last, INT_MAX - 1);
+    int const view = model.GetViewSize();
+    if (view <= model.GetItemSize(last) || last == 0) return last;
+    // Stepping back while the items still leave room is finding the first start from which they take less
+    // than the view: the strict comparison that leaves a blank on an exact fit.
+    return model.FindFirstFitting(0, last + 1, view);
 }
 
 int CalcMaxStart(IDiscreteItemViewModel const& model) {

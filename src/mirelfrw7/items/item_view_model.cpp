@@ -21,4 +21,15 @@ int IBaseItemViewModel::FindItemAt(int from, int to, std::int64_t pixel, std::in
     return i;
 }
 
+int IBaseItemViewModel::FindFirstFitting(int from, int to, std::int64_t room) const {
+    std::int64_t taken = 0;
+    int first = to;
+    for (; first > from; --first) {
+        std::int64_t const more = taken + GetItemSize(first - 1);
+        if (more >= room) break;
+        taken = more;
+    }
+    return first;
+}
+
 } // namespace mirelfrw7

@@ -41,6 +41,9 @@ public:
     // pixel not below 0, the item that holds it), and in `*itemStart` where that item starts; `to` and the
     // extent of all of them when none does. Walks by default, like GetItemsExtent.
     virtual int FindItemAt(int from, int to, std::int64_t pixel, std::int64_t* itemStart) const;
+    // The same search backwards: the first item of from..to-1 from which the items up to to-1 take fewer
+    // than `room` pixels; `to` when not even the last one does. Sizes are taken as not negative.
+    virtual int FindFirstFitting(int from, int to, std::int64_t room) const;
 
     // The last item stretches to the end of the view, in hit tests and painting, and no empty area shows
     // behind it.

@@ -52,6 +52,14 @@ int CSimpleDiscreteItemViewModel::FindItemAt(int from, int to, std::int64_t pixe
     return int(from + skip);
 }
 
+int CSimpleDiscreteItemViewModel::FindFirstFitting(int from, int to, std::int64_t room) const {
+    std::int64_t const size = GetDefaultItemSize();
+    std::int64_t const items = std::max<std::int64_t>(std::int64_t(to) - from, 0);
+    std::int64_t fit = room > 0 ? items : 0;
+    if (size > 0) fit = std::clamp<std::int64_t>((room - 1) / size, 0, items);
+    return int(to - fit);
+}
+
 void CSimpleDiscreteItemViewModel::SetStartItem(int index) {
     int const old = GetStartItem();
     if (index == old) return;

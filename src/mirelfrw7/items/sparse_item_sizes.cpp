@@ -1,6 +1,8 @@
 #include <mirelfrw7/items/index_translator.h>
 #include <mirelfrw7/items/sparse_item_sizes.h>
 
+#include <algorithm>
+
 namespace mirelfrw7 {
 
 void CSparseItemSizes::Set(int index, int size, int defaultSize) {
@@ -48,6 +50,33 @@ int CSparseItemSizes::FindAt(int from, int to, std::int64_t pixel, int defaultSi
     }
     *itemStart = start;
     return i;
+}
+
+int CSparseItemSizes::FindFirstFitting(int from, int to, std::int64_t room, int defaultSize) const {
+    std::int64_t taken = 0;
+    int first = to;
+    // The first entry at or after `first`; the one before it, if not below `from`, ends the run of default
+    // items that lies directly before `first`.
+    auto after = m_sizes.lower_bound(to);
+    while (first > from) {
+        auto const before = after == m_sizes.begin() ? m_sizes.end() : std::prev(after);
+        bool const entryBefore = before != m_sizes.end() && before->first >= from;
+        int const runStart = entryBefore ? before->first + 1 : from;
+        if (runStart < first) {
+            std::int64_t const items = std::int64_t(first) - runStart;
+            std::int64_t fit = taken < room ? items : 0;
+            if (defaultSize > 0) fit = std::clamp<std::int64_t>((room - 1 - taken) / defaultSize, 0, items);
+            first -= int(fit);
+            taken += fit * defaultSize;
+            if (fit < items) break;
+            continue;
+        }
+        if (taken + before->second >= room) break;
+        taken += before->second;
+        --first;
+        after = before;
+    }
+    return first;
 }
 
 void CSparseItemSizes::Remap(IIndexTranslator const& translator) {

@@ -24,6 +24,7 @@ public:
     // IBaseItemViewModel::GetItemsExtent and FindItemAt over these sizes.
     std::int64_t Extent(int from, int to, int defaultSize) const;
     int FindAt(int from, int to, std::int64_t pixel, int defaultSize, std::int64_t* itemStart) const;
+    int FindFirstFitting(int from, int to, std::int64_t room, int defaultSize) const;
 
     // Moves every entry where the translator sends its item, in ascending order, so that of two entries
     // landing on one index the later wins; entries of removed items go.

@@ -260,8 +260,8 @@ TEST(DiscreteViewModel, TranslationsCarryTheStartAndTheSizesAlong) {
     EXPECT_TRUE(journal.entries.empty());
 }
 
-// Reference answers from prefix sums of GetItemsSize, over random sparse sizes (some of them 0 through the
-// default size), random starts and views, with and without an expanded last item.
+// Reference answers from prefix sums of GetItemsSize and from the plain walks, over random sparse sizes (some
+// of them 0 through the default size), random starts and views, with and without an expanded last item.
 TEST(DiscreteViewModel, HitTestsAgreeWithPrefixSumsOfTheItemSizes) {
     std::mt19937 random(11);
     auto const pick = [&](int low, int high) {
@@ -293,6 +293,15 @@ TEST(DiscreteViewModel, HitTestsAgreeWithPrefixSumsOfTheItemSizes) {
         for (int i = start; i < count && Utils::GetItemsSize(model, start, i + 1) <= view; ++i)
             last = i;
         ASSERT_EQ(Utils::GetLastVisibleItem(model), last);
+        // CalcStart as the Part words it: step back while the room left is larger than the item before.
+        for (int end = 0; end < count; ++end) {
+            int start = end;
+            std::int64_t room = std::int64_t(view) - model.GetItemSize(end);
+            if (room > 0 && end > 0)
+                while (start > 0 && room > model.GetItemSize(start - 1))
+                    room -= model.GetItemSize(--start);
+            ASSERT_EQ(Utils::CalcStart(model, end), start) << "last " << end;
+        }
         // The sparse sums and searches answer what the plain walk over every item answers.
         for (int a = -3; a <= 46; a += 7)
             for (int b = a; b <= 48; b += 5) {
@@ -302,12 +311,14 @@ TEST(DiscreteViewModel, HitTestsAgreeWithPrefixSumsOfTheItemSizes) {
                     ASSERT_EQ(model.FindItemAt(a, b, pixel, &at),
                               model.IBaseItemViewModel::FindItemAt(a, b, pixel, &walked));
                     ASSERT_EQ(at, walked);
+                    ASSERT_EQ(model.FindFirstFitting(a, b, pixel),
+                              model.IBaseItemViewModel::FindFirstFitting(a, b, pixel));
                 }
             }
     }
 }
 
-TEST(DiscreteViewModel, TheUniformModelSearchesByDivision) {
+TEST(DiscreteViewModel, TheUniformModelSearchesBothWaysByDivision) {
     CSimpleDiscreteItemViewModel model;
     for (int size : {0, 1, 20}) {
         model.SetDefaultItemSize(size);
@@ -318,6 +329,8 @@ TEST(DiscreteViewModel, TheUniformModelSearchesByDivision) {
                           model.IBaseItemViewModel::FindItemAt(from, to, pixel, &walked));
                 EXPECT_EQ(at, walked);
                 EXPECT_EQ(model.GetItemsExtent(from, to), model.IBaseItemViewModel::GetItemsExtent(from, to));
+                EXPECT_EQ(model.FindFirstFitting(from, to, pixel),
+                          model.IBaseItemViewModel::FindFirstFitting(from, to, pixel));
             }
     }
     model.SetItemSize(3, 99);
