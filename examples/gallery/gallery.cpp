@@ -6,11 +6,13 @@ namespace gallery {
 
 void BuildDockingPage(mirelfrw7::CVisualElement* host);
 void BuildLayoutsPage(mirelfrw7::CVisualElement* host);
+void BuildScrollingPage(mirelfrw7::CVisualElement* host);
 
 std::vector<SPage> const& Pages() {
     static std::vector<SPage> const pages = {
         {"docking", &BuildDockingPage},
         {"layouts", &BuildLayoutsPage},
+        {"scrolling", &BuildScrollingPage},
     };
     return pages;
 }
