@@ -33,6 +33,7 @@ public:
     void SetStartItem(int index) override;
     int GetStartItem() const override { return m_start; }
 
+    // By arithmetic over the one size: a subclass with sizes of its own answers these three as well.
     std::int64_t GetItemsExtent(int from, int to) const override;
     int FindItemAt(int from, int to, std::int64_t pixel, std::int64_t* itemStart) const override;
     int FindFirstFitting(int from, int to, std::int64_t room) const override;

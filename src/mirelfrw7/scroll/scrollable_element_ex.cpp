@@ -86,12 +86,14 @@ rectangle<double> CScrollableElementEx::GetAxisRect(IPainter* painter) const {
 }
 
 void CScrollableElementEx::FillHorizontal(IPainter::CoordInfo* info, IScrollModel* model) {
+    if (!info || !model) return;
     rectangle<int> const r = Truncated(GetAxisRect(nullptr));
     FillAlong({info->left, info->width, info->x, info->cx, r.left, r.right}, *model);
     FillAcross({info->top, info->height, info->y, info->cy, r.top, r.bottom}, GetAlignment() == AlignTop);
 }
 
 void CScrollableElementEx::FillVertical(IPainter::CoordInfo* info, IScrollModel* model) {
+    if (!info || !model) return;
     rectangle<int> const r = Truncated(GetAxisRect(nullptr));
     FillAlong({info->top, info->height, info->y, info->cy, r.top, r.bottom}, *model);
     FillAcross({info->left, info->width, info->x, info->cx, r.left, r.right}, GetAlignment() == AlignLeft);

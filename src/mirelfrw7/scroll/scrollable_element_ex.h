@@ -14,7 +14,7 @@ class MIRELFRW7_API CScrollableElementEx : public CScrollableElement, public CLa
 public:
     CScrollableElementEx(CVisualElement* parent, size<int> const& elementSize, Alignment alignment);
 
-    // The mapping of a top or bottom strip, and of a left or right one.
+    // The mapping of a top or bottom strip, and of a left or right one; nothing without a model.
     virtual void FillHorizontal(IPainter::CoordInfo* info, IScrollModel* model);
     virtual void FillVertical(IPainter::CoordInfo* info, IScrollModel* model);
     void SetAlignment(Alignment alignment) override;

@@ -31,14 +31,6 @@ struct CColumns : CDefaultColumnViewModel {
     int Cache() const { return m_fullSize; }
 };
 
-TEST(ColumnViewModel, StartsEmptyUnlaidAndAllDirty) {
-    CDefaultColumnViewModel model;
-    EXPECT_EQ(model.GetDefaultItemSize(), 70);
-    EXPECT_EQ(model.GetViewSize(), -1);
-    EXPECT_EQ(model.GetFullItemsSize(), 0);
-    EXPECT_EQ(model.GetItemType(5), IDirtyItemSet::DirtyItem);
-}
-
 // More items than entries: the default size for the items without one. Otherwise only the entries count,
 // and an item without one counts 0.
 TEST(ColumnViewModel, FullSizeHasTwoWaysOfSumming) {

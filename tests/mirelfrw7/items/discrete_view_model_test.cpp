@@ -293,7 +293,7 @@ TEST(DiscreteViewModel, HitTestsAgreeWithPrefixSumsOfTheItemSizes) {
         for (int i = start; i < count && Utils::GetItemsSize(model, start, i + 1) <= view; ++i)
             last = i;
         ASSERT_EQ(Utils::GetLastVisibleItem(model), last);
-        // CalcStart as the Part words it: step back while the room left is larger than the item before.
+        // CalcStart as a plain walk: step back while the room left is larger than the item before.
         for (int end = 0; end < count; ++end) {
             int start = end;
             std::int64_t room = std::int64_t(view) - model.GetItemSize(end);

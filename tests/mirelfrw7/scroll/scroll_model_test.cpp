@@ -2,7 +2,6 @@
 #include <mirelfrw7/items/default_discrete_item_view_model.h>
 #include <mirelfrw7/scroll/continuous_item_scroll_model.h>
 #include <mirelfrw7/scroll/discrete_item_scroll_model.h>
-#include <mirelfrw7/scroll/physical_scroll_adapters.h>
 
 #include <gtest/gtest.h>
 
@@ -45,19 +44,6 @@ TEST(DiscreteItemScrollModel, CountsInItemsAndScalesByTheDefaultSize) {
     EXPECT_EQ(model.GetStepSize(3.0), 1.0) << "no division by a zero default size";
 }
 
-TEST(DiscreteItemScrollModel, WithoutAViewModelEverythingIsNeutral) {
-    CDiscreteItemScrollModel model;
-    model.SetStart(5.0);
-    model.SetStepSize(1.0, 2.0);
-    EXPECT_EQ(model.GetFrom(), 0.0);
-    EXPECT_EQ(model.GetTo(), 0.0);
-    EXPECT_EQ(model.GetStart(), 0.0);
-    EXPECT_EQ(model.GetMinScrollDistance(), 1);
-    EXPECT_EQ(model.GetStepSize(3.0), 1.0);
-    EXPECT_EQ(model.GetMeasure(), (Measure{1.0, 1}));
-    EXPECT_TRUE(model.IsInseparableStep());
-}
-
 TEST(ContinuousItemScrollModel, CountsInPixelsAndTruncates) {
     CDefaultColumnViewModel columns;
     columns.SetCount(10);
@@ -80,42 +66,6 @@ TEST(ContinuousItemScrollModel, CountsInPixelsAndTruncates) {
     EXPECT_EQ(none.GetTo(), 0.0);
     EXPECT_EQ(none.GetStart(), 0.0);
     EXPECT_EQ(none.GetMinScrollDistance(), 4);
-}
-
-// One class that is a horizontal and a vertical model at once.
-struct CPane : IHorzPhysicalScrollModel, IVertPhysicalScrollModel {
-    double GetHorzFrom() const override { return 1; }
-    double GetHorzTo() const override { return 2; }
-    void SetHorzStart(double start) override { horz = start; }
-    double GetHorzStart() const override { return horz; }
-    int GetHorzStepInPixels() const override { return 5; }
-    double GetVertFrom() const override { return 10; }
-    double GetVertTo() const override { return 20; }
-    void SetVertStart(double start) override { vert = start; }
-    double GetVertStart() const override { return vert; }
-    int GetVertStepInPixels() const override { return 50; }
-    bool IsFixedStepSize() const override { return true; }
-    double GetStepSize(double) const override { return 1.0; }
-    void SetStepSize(double, double) const override {}
-    double horz = 0, vert = 0;
-};
-
-TEST(PhysicalScrollAdapters, OneObjectServesBothAxes) {
-    CPane pane;
-    IScrollModel& h = static_cast<IHorzPhysicalScrollModel&>(pane);
-    IScrollModel& v = static_cast<IVertPhysicalScrollModel&>(pane);
-    h.SetStart(1.5);
-    v.SetStart(15.0);
-    EXPECT_EQ(pane.horz, 1.5);
-    EXPECT_EQ(pane.vert, 15.0);
-    EXPECT_EQ(h.GetStart(), 1.5);
-    EXPECT_EQ(v.GetStart(), 15.0);
-    EXPECT_EQ(h.GetFrom() + h.GetTo(), 3.0);
-    EXPECT_EQ(v.GetFrom() + v.GetTo(), 30.0);
-    EXPECT_EQ(h.GetMinScrollDistance(), 5);
-    EXPECT_EQ(v.GetMinScrollDistance(), 50);
-    EXPECT_EQ(h.GetMeasure(), (Measure{1.0, 1}));
-    EXPECT_FALSE(v.IsInseparableStep());
 }
 
 } // namespace
