@@ -1,0 +1,54 @@
+#include <mirelfrw7/items/item_view_model.h>
+#include <mirelfrw7/items/saturating_int.h>
+#include <mirelfrw7/scroll/discrete_item_scroll_model.h>
+
+namespace mirelfrw7 {
+
+double CDiscreteItemScrollModel::GetFrom() const {
+    return 0.0;
+}
+
+double CDiscreteItemScrollModel::GetTo() const {
+    return m_viewModel ? m_viewModel->GetCount() : 0.0;
+}
+
+void CDiscreteItemScrollModel::SetStart(double start) {
+    if (m_viewModel) m_viewModel->SetStartItem(SaturatingInt(start + 0.5));
+}
+
+double CDiscreteItemScrollModel::GetStart() const {
+    return m_viewModel ? m_viewModel->GetStartItem() : 0.0;
+}
+
+int CDiscreteItemScrollModel::GetMinScrollDistance() const {
+    return m_viewModel ? m_viewModel->GetDefaultItemSize() : 1;
+}
+
+bool CDiscreteItemScrollModel::IsFixedStepSize() const {
+    return false;
+}
+
+double CDiscreteItemScrollModel::GetStepSize(double step) const {
+    if (!m_viewModel) return 1.0;
+    int const unit = m_viewModel->GetDefaultItemSize();
+    if (unit == 0) return 1.0;
+    return double(m_viewModel->GetItemSize(SaturatingInt(step))) / double(unit);
+}
+
+void CDiscreteItemScrollModel::SetStepSize(double step, double size) const {
+    if (m_viewModel)
+        m_viewModel->SetItemSize(SaturatingInt(step),
+                                 SaturatingInt(m_viewModel->GetDefaultItemSize() * size));
+}
+
+void CDiscreteItemScrollModel::SetMeasure(std::pair<double, int>) {}
+
+std::pair<double, int> CDiscreteItemScrollModel::GetMeasure() const {
+    return {1.0, m_viewModel ? m_viewModel->GetDefaultItemSize() : 1};
+}
+
+bool CDiscreteItemScrollModel::IsInseparableStep() const {
+    return true;
+}
+
+} // namespace mirelfrw7

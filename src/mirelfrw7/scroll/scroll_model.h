@@ -1,0 +1,53 @@
+#pragma once
+
+#include <mirelfrw7/export.h>
+
+#include <utility>
+
+namespace mirelfrw7 {
+
+// The position of anything that scrolls: a logical range from GetFrom to GetTo (backwards when GetTo is the
+// smaller), the logical value at the view's start, and how logical units relate to pixels. The unit is the
+// owner's: an item, a time stamp, a pixel. Scroll bars, painting elements and gestures all speak to the
+// model and never to one another.
+class MIRELFRW7_API IScrollModel {
+public:
+    virtual ~IScrollModel();
+
+    virtual double GetFrom() const = 0;
+    virtual double GetTo() const = 0;
+    // The model may round or clamp.
+    virtual void SetStart(double start) = 0;
+    virtual double GetStart() const = 0;
+    // Pixels of the smallest useful step: a scroll bar's line step.
+    virtual int GetMinScrollDistance() const = 0;
+    // All steps have one size.
+    virtual bool IsFixedStepSize() const = 0;
+    // The size of step number `step`, in logical units.
+    virtual double GetStepSize(double step) const = 0;
+    virtual void SetStepSize(double step, double size) const = 0;
+    // The scale: `second` pixels stand for `first` logical units.
+    virtual void SetMeasure(std::pair<double, int> measure) = 0;
+    virtual std::pair<double, int> GetMeasure() const = 0;
+    // The view stops only at step boundaries.
+    virtual bool IsInseparableStep() const;
+    // The owner's data changed: listeners refresh.
+    virtual void Update();
+};
+
+// A uniform model without step sizes: every step is 1.
+class MIRELFRW7_API ISimpleScrollModel : public IScrollModel {
+public:
+    bool IsFixedStepSize() const override;
+    double GetStepSize(double step) const override;
+    void SetStepSize(double step, double size) const override;
+};
+
+// A model in pixels: one logical unit is one pixel, and the scale never changes.
+class MIRELFRW7_API IPhysicalScrollModel : public IScrollModel {
+public:
+    void SetMeasure(std::pair<double, int> measure) override;
+    std::pair<double, int> GetMeasure() const override;
+};
+
+} // namespace mirelfrw7
