@@ -43,6 +43,21 @@ public:
         double scale = 1.0;
         bool flag3 = false;
 
+        // The logical rectangle (left, top, width, height) onto the device one (x, y, cx, cy).
+        static CoordInfo Mapping(double left, double top, double width, double height, int x, int y, int cx,
+                                 int cy) {
+            CoordInfo info;
+            info.left = left;
+            info.top = top;
+            info.width = width;
+            info.height = height;
+            info.x = x;
+            info.y = y;
+            info.cx = cx;
+            info.cy = cy;
+            return info;
+        }
+
         friend bool operator==(CoordInfo const&, CoordInfo const&) = default;
     };
 

@@ -9,16 +9,7 @@ using namespace mirel7;
 
 IPainter::CoordInfo Element(double left, double top, double width, double height, int x, int y, int cx,
                             int cy) {
-    IPainter::CoordInfo info;
-    info.left = left;
-    info.top = top;
-    info.width = width;
-    info.height = height;
-    info.x = x;
-    info.y = y;
-    info.cx = cx;
-    info.cy = cy;
-    return info;
+    return IPainter::CoordInfo::Mapping(left, top, width, height, x, y, cx, cy);
 }
 
 TEST(CoordMapping, DeviceModeIsIdentityWhateverTheRecordSays) {

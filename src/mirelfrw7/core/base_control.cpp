@@ -134,13 +134,8 @@ void CBaseControlImp::ProcessDraw(IPainter* painter) {
         point<int> origin;
         m_draggedElement->ElementToControl(&origin);
         rectangle<int> const bounds = m_draggedElement->GetBounds();
-        IPainter::CoordInfo info;
-        info.x = origin.x;
-        info.y = origin.y;
-        info.cx = bounds.right;
-        info.cy = bounds.bottom;
-        info.width = info.cx;
-        info.height = info.cy;
+        auto const info = IPainter::CoordInfo::Mapping(0, 0, bounds.right, bounds.bottom, origin.x, origin.y,
+                                                       bounds.right, bounds.bottom);
         painter->SetCoordSystem(IPainter::MapElement, &info);
         m_draggedElement->DrawDragItem(m_draggedElement, painter, m_dragInfo,
                                        (m_mouseFlags & DropAccepted) != 0, m_mouseElement);

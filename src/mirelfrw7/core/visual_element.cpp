@@ -560,13 +560,8 @@ void DrawElements(IVisualElements* list, IPainter* painter, rectangle<int> const
             originOf = parent;
             haveOrigin = true;
         }
-        IPainter::CoordInfo info;
-        info.x = parentOrigin.x + b.left;
-        info.y = parentOrigin.y + b.top;
-        info.cx = b.Width();
-        info.cy = b.Height();
-        info.width = info.cx;
-        info.height = info.cy;
+        auto const info = IPainter::CoordInfo::Mapping(0, 0, b.Width(), b.Height(), parentOrigin.x + b.left,
+                                                       parentOrigin.y + b.top, b.Width(), b.Height());
         painter->SetCoordSystem(IPainter::MapElement, &info);
         element->OnDraw(painter);
     }

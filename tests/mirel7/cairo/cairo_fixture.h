@@ -35,16 +35,7 @@ protected:
 
 inline mirel7::IPainter::CoordInfo Mapping(double left, double top, double width, double height, int x, int y,
                                            int cx, int cy) {
-    mirel7::IPainter::CoordInfo info;
-    info.left = left;
-    info.top = top;
-    info.width = width;
-    info.height = height;
-    info.x = x;
-    info.y = y;
-    info.cx = cx;
-    info.cy = cy;
-    return info;
+    return mirel7::IPainter::CoordInfo::Mapping(left, top, width, height, x, y, cx, cy);
 }
 
 } // namespace mirel_test

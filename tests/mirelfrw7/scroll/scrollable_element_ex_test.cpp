@@ -31,16 +31,7 @@ struct Strips : testing::Test {
     }
 
     static Info Expected(double left, double top, double width, double height, int x, int y, int cx, int cy) {
-        Info info;
-        info.left = left;
-        info.top = top;
-        info.width = width;
-        info.height = height;
-        info.x = x;
-        info.y = y;
-        info.cx = cx;
-        info.cy = cy;
-        return info;
+        return Info::Mapping(left, top, width, height, x, y, cx, cy);
     }
     // The mapping a strip lays over a painter that maps nothing yet.
     Info MappingOf(CScrollableElementEx& strip) {
