@@ -21,6 +21,18 @@ size<int> Scaled(size<int> s) {
     return s;
 }
 
+// A strip's far edge is summed in 64 bits: a wanted size as large as an int goes stops at the free space
+// instead of wrapping around past it.
+long long Wide(int v) {
+    return v;
+}
+int AtMost(long long v, int limit) {
+    return v < limit ? static_cast<int>(v) : limit;
+}
+int AtLeast(long long v, int limit) {
+    return v > limit ? static_cast<int>(v) : limit;
+}
+
 void Shift(rectangle<int>& r, int dx, int dy) {
     r.left += dx;
     r.right += dx;
@@ -82,19 +94,19 @@ void CVisualElement::SetPos(rectangle<int> const& newRect, bool force) {
             rectangle<int> c = free;
             switch (child->m_alignment) {
             case AlignLeft:
-                c.right = std::min(free.left + child->m_size.cx, free.right);
+                c.right = AtMost(Wide(free.left) + child->m_size.cx, free.right);
                 free.left = c.right + 1;
                 break;
             case AlignRight:
-                c.left = std::max(free.right - child->m_size.cx, free.left);
+                c.left = AtLeast(Wide(free.right) - child->m_size.cx, free.left);
                 free.right = c.left - 1;
                 break;
             case AlignTop:
-                c.bottom = std::min(free.top + child->m_size.cy, free.bottom);
+                c.bottom = AtMost(Wide(free.top) + child->m_size.cy, free.bottom);
                 free.top = c.bottom + 1;
                 break;
             case AlignBottom:
-                c.top = std::max(free.bottom - child->m_size.cy, free.top);
+                c.top = AtLeast(Wide(free.bottom) - child->m_size.cy, free.top);
                 free.bottom = c.top - 1;
                 break;
             case AlignClient:

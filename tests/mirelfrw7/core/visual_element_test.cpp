@@ -9,6 +9,7 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
 #include <vector>
 
 namespace {
@@ -73,6 +74,22 @@ TEST_F(Docking, ZeroWidthStripsTakeOneColumnAndOnlyTheLastClientIsPlaced) {
     EXPECT_EQ(first.GetPosition(), (R{})) << "an earlier client stays where it was";
     EXPECT_EQ(hidden.setPosCalls, 0) << "an invisible child takes no space and is not placed";
     EXPECT_EQ(f.Root()->FindVisualElement(0, 50), nullptr) << "a zero width is never hit";
+}
+
+TEST_F(Docking, AStripAsLargeAsAnIntCanBeStopsAtTheEdgeInsteadOfWrappingAround) {
+    int const huge = std::numeric_limits<int>::max();
+    CFilledElement left(f.Root(), {10, 0}, AlignLeft), top(f.Root(), {0, 5}, AlignTop);
+    CFilledElement wide(f.Root(), {huge, 0}, AlignLeft), tall(f.Root(), {0, huge}, AlignTop);
+    Arrange();
+    EXPECT_EQ(wide.GetPosition(), (R{11, 6, 199, 99}));
+    EXPECT_EQ(tall.GetPosition(), (R{200, 6, 199, 99}));
+
+    CFilledElement collapsed(f.Root(), {0, 0}, AlignNone);
+    collapsed.SetPos({0, 0, -5, -5}, false);
+    CFilledElement right(&collapsed, {huge, 0}, AlignRight), bottom(&collapsed, {0, huge}, AlignBottom);
+    collapsed.SetPos({0, 0, -5, -5}, true);
+    EXPECT_EQ(right.GetPosition(), (R{0, 0, -5, -5}));
+    EXPECT_EQ(bottom.GetPosition(), (R{0, 0, -1, -5}));
 }
 
 TEST_F(Docking, SetPosWithTheSameRectangleDoesNothingUnlessForced) {
