@@ -7,6 +7,7 @@
 #include <mirel7/window_painter.h>
 
 #include <algorithm>
+#include <limits>
 #include <vector>
 
 namespace mirelfrw7 {
@@ -728,7 +729,11 @@ void ApplyDPIScale(int& value) {
     if (!(mirel7::GetDPIAutoScale() & 1)) return;
     mirel7::ISystem* const system = mirel7::GetCurrentSystem();
     double const scale = system ? system->GetDPIScale() : 1.0;
-    if (scale > 1.0) value = static_cast<int>(value * scale);
+    if (scale <= 1.0) return;
+    // Past the range of int the conversion would be undefined: such a value stops at the end of the range.
+    double const scaled = std::clamp(value * scale, double(std::numeric_limits<int>::min()),
+                                     double(std::numeric_limits<int>::max()));
+    value = static_cast<int>(scaled);
 }
 
 void ApplyDPIScale(size<int>& value) {

@@ -356,6 +356,17 @@ TEST(DpiScaling, SizesGrowByTheScaleAndSetWidthScalesTheHeightAgain) {
     mirel7::SetDPIAutoScale(1);
 }
 
+TEST(DpiScaling, AScaledValueBeyondTheRangeOfIntStopsAtItsEnd) {
+    CControlFixture f;
+    f.system.SetDPIScale(1.5);
+    int const huge = std::numeric_limits<int>::max(), lowest = std::numeric_limits<int>::min();
+    rectangle<int> r{huge, lowest, huge / 2, -(huge / 2)};
+    ApplyDPIScale(r);
+    EXPECT_EQ(r, (R{huge, lowest, static_cast<int>(huge / 2 * 1.5), static_cast<int>(-(huge / 2) * 1.5)}));
+    CFilledElement e(f.Root(), {huge, 10}, AlignLeft);
+    EXPECT_EQ(e.GetSize(), (size<int>{huge, 15}));
+}
+
 TEST(AsString, ChildrenOnOneRowAreJoinedByTabsAndRowsByEmptyLines) {
     CControlFixture f;
     CFilledElement a(f.Root(), {}, AlignNone), b(f.Root(), {}, AlignNone), c(f.Root(), {}, AlignNone),
