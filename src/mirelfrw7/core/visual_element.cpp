@@ -532,7 +532,7 @@ bool CVisualElement::OnGlobalUpdate() {
 
 void CVisualElement::OnDraw(IPainter* painter) {
     rectangle<int> const bounds = GetBounds();
-    if (bounds.Width() < 1 || bounds.Height() < 1 || !m_visible) return;
+    if (!painter || bounds.Width() < 1 || bounds.Height() < 1 || !m_visible) return;
     if (painter->NeedsFullRepaint()) Invalidate();
     painter->SetDisabled(!m_enabled);
     painter->SetFont(GetFont());
@@ -554,7 +554,7 @@ void CVisualElement::OnDraw(IPainter* painter) {
 }
 
 void DrawElements(IVisualElements* list, IPainter* painter, rectangle<int> const& clip) {
-    if (!list) return;
+    if (!list || !painter) return;
     // Most of a list shares one parent, whose origin is therefore computed once.
     CVisualElement const* originOf = nullptr;
     bool haveOrigin = false;

@@ -213,6 +213,15 @@ TEST_F(UpdateProtocol, OnlyTheUpdatedElementIsDrawnAtItsPlace) {
     EXPECT_EQ(other.paints, 1);
 }
 
+TEST_F(UpdateProtocol, WithoutAPainterNothingIsDrawnAndTheElementStaysInvalid) {
+    child.Update(UpdateLocal);
+    panel.OnDraw(nullptr);
+    DrawElements(panel.GetChildren(), nullptr, {});
+    EXPECT_EQ(panel.paints, 1);
+    EXPECT_EQ(child.paints, 1);
+    EXPECT_EQ(child.GetValidRect(), (R{})) << "still to be drawn";
+}
+
 TEST_F(UpdateProtocol, ATransparentElementHasItsParentRepaintAndReduceLeavesAHole) {
     child.transparent = true;
     child.Update(UpdateLocal);
