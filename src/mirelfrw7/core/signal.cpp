@@ -67,7 +67,6 @@ void signal_base_t::_erase(connection_t const& c) {
         m_hasBlanks = true;
     } else
         m_connections.erase(found);
-    // Every back-reference to this signal goes, also those of the receiver's other connections here.
     if (subscriber) unlink_from(subscriber);
 }
 
@@ -101,9 +100,12 @@ void signal_base_t::forget_subscriber(subscriber_base_t* s) const {
     }
 }
 
+// One back-reference per connection: were all of them dropped with one connection, a receiver holding a
+// second connection here would die without this signal learning of it, and the signal would call it dead.
 void signal_base_t::unlink_from(subscriber_base_t* s) const {
     scoped_lock_t lock(s->m_mutex);
-    s->m_signals.remove(const_cast<signal_base_t*>(this));
+    auto const found = std::find(s->m_signals.begin(), s->m_signals.end(), this);
+    if (found != s->m_signals.end()) s->m_signals.erase(found);
 }
 
 std::size_t signal_base_t::entry_count() const {

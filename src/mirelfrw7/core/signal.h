@@ -135,7 +135,7 @@ private:
     void sweep_blanks() const;
     // Removes, or blanks during an emission, the connections to `s`.
     void forget_subscriber(subscriber_base_t* s) const;
-    // Removes every back-reference to this signal from the subscriber's list.
+    // Removes the back-reference of one connection to `s` from the subscriber's list.
     void unlink_from(subscriber_base_t* s) const;
 };
 

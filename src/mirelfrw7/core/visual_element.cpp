@@ -7,6 +7,7 @@
 #include <mirel7/window_painter.h>
 
 #include <algorithm>
+#include <limits>
 #include <vector>
 
 namespace mirelfrw7 {
@@ -19,6 +20,18 @@ constexpr ISysPalette::SysColor DefaultFgSysColor = static_cast<ISysPalette::Sys
 size<int> Scaled(size<int> s) {
     ApplyDPIScale(s);
     return s;
+}
+
+// A strip's far edge is summed in 64 bits: a wanted size as large as an int goes stops at the free space
+// instead of wrapping around past it.
+long long Wide(int v) {
+    return v;
+}
+int AtMost(long long v, int limit) {
+    return v < limit ? static_cast<int>(v) : limit;
+}
+int AtLeast(long long v, int limit) {
+    return v > limit ? static_cast<int>(v) : limit;
 }
 
 void Shift(rectangle<int>& r, int dx, int dy) {
@@ -82,19 +95,19 @@ void CVisualElement::SetPos(rectangle<int> const& newRect, bool force) {
             rectangle<int> c = free;
             switch (child->m_alignment) {
             case AlignLeft:
-                c.right = std::min(free.left + child->m_size.cx, free.right);
+                c.right = AtMost(Wide(free.left) + child->m_size.cx, free.right);
                 free.left = c.right + 1;
                 break;
             case AlignRight:
-                c.left = std::max(free.right - child->m_size.cx, free.left);
+                c.left = AtLeast(Wide(free.right) - child->m_size.cx, free.left);
                 free.right = c.left - 1;
                 break;
             case AlignTop:
-                c.bottom = std::min(free.top + child->m_size.cy, free.bottom);
+                c.bottom = AtMost(Wide(free.top) + child->m_size.cy, free.bottom);
                 free.top = c.bottom + 1;
                 break;
             case AlignBottom:
-                c.top = std::max(free.bottom - child->m_size.cy, free.top);
+                c.top = AtLeast(Wide(free.bottom) - child->m_size.cy, free.top);
                 free.bottom = c.top - 1;
                 break;
             case AlignClient:
@@ -519,7 +532,7 @@ bool CVisualElement::OnGlobalUpdate() {
 
 void CVisualElement::OnDraw(IPainter* painter) {
     rectangle<int> const bounds = GetBounds();
-    if (bounds.Width() < 1 || bounds.Height() < 1 || !m_visible) return;
+    if (!painter || bounds.Width() < 1 || bounds.Height() < 1 || !m_visible) return;
     if (painter->NeedsFullRepaint()) Invalidate();
     painter->SetDisabled(!m_enabled);
     painter->SetFont(GetFont());
@@ -541,7 +554,7 @@ void CVisualElement::OnDraw(IPainter* painter) {
 }
 
 void DrawElements(IVisualElements* list, IPainter* painter, rectangle<int> const& clip) {
-    if (!list) return;
+    if (!list || !painter) return;
     // Most of a list shares one parent, whose origin is therefore computed once.
     CVisualElement const* originOf = nullptr;
     bool haveOrigin = false;
@@ -716,7 +729,11 @@ void ApplyDPIScale(int& value) {
     if (!(mirel7::GetDPIAutoScale() & 1)) return;
     mirel7::ISystem* const system = mirel7::GetCurrentSystem();
     double const scale = system ? system->GetDPIScale() : 1.0;
-    if (scale > 1.0) value = static_cast<int>(value * scale);
+    if (scale <= 1.0) return;
+    // Past the range of int the conversion would be undefined: such a value stops at the end of the range.
+    double const scaled = std::clamp(value * scale, double(std::numeric_limits<int>::min()),
+                                     double(std::numeric_limits<int>::max()));
+    value = static_cast<int>(scaled);
 }
 
 void ApplyDPIScale(size<int>& value) {

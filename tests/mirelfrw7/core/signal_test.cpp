@@ -7,6 +7,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -176,6 +177,28 @@ TEST_F(SignalTest, DeadReceiverIsNeverCalled) {
     EXPECT_EQ(signal.connection_count(), 1u);
     signal(1);
     EXPECT_EQ(journal, (Journal{"a:1"}));
+}
+
+// Two slots of one receiver; the calls are counted outside it, so that a call after its death shows.
+struct TwoSlots : subscriber_base_t {
+    explicit TwoSlots(int* calls) : calls(calls) {}
+    void First(int) { ++*calls; }
+    void Second(int) { ++*calls; }
+    int* calls;
+};
+
+TEST_F(SignalTest, AReceiverWithTwoConnectionsThatDropsOneIsStillCutOffAtItsDeath) {
+    int calls = 0;
+    std::optional<TwoSlots> receiver(std::in_place, &calls);
+    signal.connect(&*receiver, &TwoSlots::First);
+    signal.connect(&*receiver, &TwoSlots::Second);
+    signal.disconnect(&*receiver, &TwoSlots::First);
+    signal(1);
+    EXPECT_EQ(calls, 1);
+    receiver.reset();
+    EXPECT_EQ(signal.connection_count(), 0u);
+    signal(2);
+    EXPECT_EQ(calls, 1) << "a dead receiver is never called";
 }
 
 TEST_F(SignalTest, ReceiverDestroyedDuringEmissionIsSkipped) {

@@ -9,6 +9,7 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
 #include <vector>
 
 namespace {
@@ -73,6 +74,22 @@ TEST_F(Docking, ZeroWidthStripsTakeOneColumnAndOnlyTheLastClientIsPlaced) {
     EXPECT_EQ(first.GetPosition(), (R{})) << "an earlier client stays where it was";
     EXPECT_EQ(hidden.setPosCalls, 0) << "an invisible child takes no space and is not placed";
     EXPECT_EQ(f.Root()->FindVisualElement(0, 50), nullptr) << "a zero width is never hit";
+}
+
+TEST_F(Docking, AStripAsLargeAsAnIntCanBeStopsAtTheEdgeInsteadOfWrappingAround) {
+    int const huge = std::numeric_limits<int>::max();
+    CFilledElement left(f.Root(), {10, 0}, AlignLeft), top(f.Root(), {0, 5}, AlignTop);
+    CFilledElement wide(f.Root(), {huge, 0}, AlignLeft), tall(f.Root(), {0, huge}, AlignTop);
+    Arrange();
+    EXPECT_EQ(wide.GetPosition(), (R{11, 6, 199, 99}));
+    EXPECT_EQ(tall.GetPosition(), (R{200, 6, 199, 99}));
+
+    CFilledElement collapsed(f.Root(), {0, 0}, AlignNone);
+    collapsed.SetPos({0, 0, -5, -5}, false);
+    CFilledElement right(&collapsed, {huge, 0}, AlignRight), bottom(&collapsed, {0, huge}, AlignBottom);
+    collapsed.SetPos({0, 0, -5, -5}, true);
+    EXPECT_EQ(right.GetPosition(), (R{0, 0, -5, -5}));
+    EXPECT_EQ(bottom.GetPosition(), (R{0, 0, -1, -5}));
 }
 
 TEST_F(Docking, SetPosWithTheSameRectangleDoesNothingUnlessForced) {
@@ -194,6 +211,15 @@ TEST_F(UpdateProtocol, OnlyTheUpdatedElementIsDrawnAtItsPlace) {
     EXPECT_EQ(child.paints, 2);
     EXPECT_EQ(panel.paints, 1);
     EXPECT_EQ(other.paints, 1);
+}
+
+TEST_F(UpdateProtocol, WithoutAPainterNothingIsDrawnAndTheElementStaysInvalid) {
+    child.Update(UpdateLocal);
+    panel.OnDraw(nullptr);
+    DrawElements(panel.GetChildren(), nullptr, {});
+    EXPECT_EQ(panel.paints, 1);
+    EXPECT_EQ(child.paints, 1);
+    EXPECT_EQ(child.GetValidRect(), (R{})) << "still to be drawn";
 }
 
 TEST_F(UpdateProtocol, ATransparentElementHasItsParentRepaintAndReduceLeavesAHole) {
@@ -337,6 +363,17 @@ TEST(DpiScaling, SizesGrowByTheScaleAndSetWidthScalesTheHeightAgain) {
     ApplyDPIScale(value);
     EXPECT_EQ(value, 3);
     mirel7::SetDPIAutoScale(1);
+}
+
+TEST(DpiScaling, AScaledValueBeyondTheRangeOfIntStopsAtItsEnd) {
+    CControlFixture f;
+    f.system.SetDPIScale(1.5);
+    int const huge = std::numeric_limits<int>::max(), lowest = std::numeric_limits<int>::min();
+    rectangle<int> r{huge, lowest, huge / 2, -(huge / 2)};
+    ApplyDPIScale(r);
+    EXPECT_EQ(r, (R{huge, lowest, static_cast<int>(huge / 2 * 1.5), static_cast<int>(-(huge / 2) * 1.5)}));
+    CFilledElement e(f.Root(), {huge, 10}, AlignLeft);
+    EXPECT_EQ(e.GetSize(), (size<int>{huge, 15}));
 }
 
 TEST(AsString, ChildrenOnOneRowAreJoinedByTabsAndRowsByEmptyLines) {
