@@ -24,14 +24,4 @@ int CContinuousItemScrollModel::GetMinScrollDistance() const {
     return 4;
 }
 
-bool CContinuousItemScrollModel::IsFixedStepSize() const {
-    return true;
-}
-
-double CContinuousItemScrollModel::GetStepSize(double) const {
-    return 1.0;
-}
-
-void CContinuousItemScrollModel::SetStepSize(double, double) const {}
-
 } // namespace mirelfrw7

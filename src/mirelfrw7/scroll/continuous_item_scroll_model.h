@@ -24,10 +24,6 @@ public:
     void SetStart(double start) override;
     double GetStart() const override;
     int GetMinScrollDistance() const override;
-    // Every pixel is a step of 1.
-    bool IsFixedStepSize() const override;
-    double GetStepSize(double step) const override;
-    void SetStepSize(double step, double size) const override;
 
 private:
     IContinuousItemViewModel* m_viewModel;

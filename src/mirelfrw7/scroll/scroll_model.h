@@ -43,8 +43,8 @@ public:
     void SetStepSize(double step, double size) const override;
 };
 
-// A model in pixels: one logical unit is one pixel, and the scale never changes.
-class MIRELFRW7_API IPhysicalScrollModel : public IScrollModel {
+// A model in pixels: one logical unit is one pixel, every step is one, and the scale never changes.
+class MIRELFRW7_API IPhysicalScrollModel : public ISimpleScrollModel {
 public:
     void SetMeasure(std::pair<double, int> measure) override;
     std::pair<double, int> GetMeasure() const override;

@@ -74,11 +74,10 @@ IScrollModel* CScrollableElementEx::GetScrollModel() const {
 
 rectangle<double> CScrollableElementEx::GetAxisRect(IPainter* painter) const {
     rectangle<int> own = GetContentRect();
-    if (m_centralPane) {
-        rectangle<int> central = GetCentralRect();
-        ControlToElement(&central);
-        CutRect(&own, central);
-    }
+    // Without a pane the central rectangle is all zero, which leaves the strip nothing along it to draw on.
+    rectangle<int> central = GetCentralRect();
+    ControlToElement(&central);
+    CutRect(&own, central);
     ElementToControl(&own);
     rectangle<double> r(own);
     if (painter) painter->DeconvertCoord2(&r, false);

@@ -25,7 +25,7 @@ public:
     // Null when the strip lies on no edge.
     IScrollModel* GetScrollModel() const;
     // The strip's content rectangle cut along its length to the central pane, in control coordinates, and
-    // through the painter's mapping when one is given. Without a central pane it is not cut.
+    // through the painter's mapping when one is given.
     rectangle<double> GetAxisRect(IPainter* painter) const;
 };
 

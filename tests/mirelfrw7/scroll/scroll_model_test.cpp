@@ -2,6 +2,8 @@
 #include <mirelfrw7/items/default_discrete_item_view_model.h>
 #include <mirelfrw7/scroll/continuous_item_scroll_model.h>
 #include <mirelfrw7/scroll/discrete_item_scroll_model.h>
+#include <mirelfrw7/scroll/physical_scroll_adapters.h>
+#include <mirelfrw7/scroll/scroll_converter.h>
 
 #include <gtest/gtest.h>
 
@@ -66,6 +68,42 @@ TEST(ContinuousItemScrollModel, CountsInPixelsAndTruncates) {
     EXPECT_EQ(none.GetTo(), 0.0);
     EXPECT_EQ(none.GetStart(), 0.0);
     EXPECT_EQ(none.GetMinScrollDistance(), 4);
+}
+
+// A pane that is a horizontal and a vertical pixel model at once, giving only what the adapters ask for: the
+// steps and the scale come from the pixel model.
+struct CPixelPane : IHorzPhysicalScrollModel, IVertPhysicalScrollModel {
+    double GetHorzFrom() const override { return 40; }
+    double GetHorzTo() const override { return 640; }
+    void SetHorzStart(double start) override { horz = start; }
+    double GetHorzStart() const override { return horz; }
+    int GetHorzStepInPixels() const override { return 7; }
+    double GetVertFrom() const override { return -10; }
+    double GetVertTo() const override { return 90; }
+    void SetVertStart(double start) override { vert = start; }
+    double GetVertStart() const override { return vert; }
+    int GetVertStepInPixels() const override { return 9; }
+    double horz = 0, vert = 0;
+};
+
+TEST(PhysicalScrollModel, AdaptersAreUniformPixelModelsOffsetByTheirOrigin) {
+    CPixelPane pane;
+    IScrollModel& horz = static_cast<IHorzPhysicalScrollModel&>(pane);
+    IScrollModel& vert = static_cast<IVertPhysicalScrollModel&>(pane);
+    horz.SetStart(100);
+    vert.SetStart(20);
+    EXPECT_EQ(pane.horz, 100.0);
+    EXPECT_EQ(pane.vert, 20.0);
+    EXPECT_EQ(horz.GetMinScrollDistance(), 7);
+    EXPECT_EQ(vert.GetMinScrollDistance(), 9);
+    for (IScrollModel* model : {&horz, &vert}) {
+        EXPECT_TRUE(model->IsFixedStepSize());
+        EXPECT_EQ(model->GetStepSize(3.0), 1.0);
+        EXPECT_EQ(model->GetMeasure(), (Measure{1.0, 1}));
+        CScrollConverter const converter(model);
+        EXPECT_EQ(converter.L2P(55.5), 55.5 - model->GetFrom());
+        EXPECT_EQ(converter.P2L(12), 12 + model->GetFrom());
+    }
 }
 
 } // namespace

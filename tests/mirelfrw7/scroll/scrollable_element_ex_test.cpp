@@ -59,8 +59,18 @@ TEST_F(Strips, TheAxisRectangleSpansTheCentralPaneAlongAndKeepsItsThickness) {
     EXPECT_EQ(bottom.GetAxisRect(nullptr), (rectangle<double>{31, 89, 183, 99}));
     EXPECT_EQ(left.GetAxisRect(nullptr), (rectangle<double>{0, 21, 30, 88}));
     EXPECT_EQ(right.GetAxisRect(nullptr), (rectangle<double>{184, 21, 199, 88}));
+}
+
+// Without a pane the central rectangle is all zero, and the strip is cut to it along its length: nothing is
+// left to draw along it.
+TEST_F(Strips, WithoutAPaneTheAxisRectangleIsCutToTheControlsOrigin) {
     top.SetCentralPane(nullptr);
-    EXPECT_EQ(top.GetAxisRect(nullptr), (rectangle<double>{0, 0, 199, 20})) << "no pane: not cut";
+    right.SetCentralPane(nullptr);
+    EXPECT_EQ(top.GetAxisRect(nullptr), (rectangle<double>{0, 0, 0, 20}));
+    EXPECT_EQ(right.GetAxisRect(nullptr), (rectangle<double>{184, 21, 199, 0}));
+    std::swap(horz.from, horz.to);
+    EXPECT_EQ(MappingOf(top), Expected(250, 0, 1000, 20, 0, 20, -250, -20))
+        << "a backward range has no length to run back over";
 }
 
 TEST_F(Strips, EachStripTracksTheModelAlongIt) {
