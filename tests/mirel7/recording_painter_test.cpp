@@ -11,14 +11,7 @@ using namespace mirel7;
 using Strings = std::vector<std::string>;
 
 IPainter::CoordInfo ElementAt(int x, int y, int cx, int cy) {
-    IPainter::CoordInfo info;
-    info.width = cx;
-    info.height = cy;
-    info.x = x;
-    info.y = y;
-    info.cx = cx;
-    info.cy = cy;
-    return info;
+    return IPainter::CoordInfo::Mapping(0, 0, cx, cy, x, y, cx, cy);
 }
 
 TEST(RecordingPainter, LogsASmallSceneInDeviceCoordinates) {

@@ -24,6 +24,15 @@ CPixelImage Run(SRepaintScenario const& scenario, unsigned seed, bool paintEachS
 }
 } // namespace
 
+int Uniform(std::mt19937& random, int low, int high) {
+    return std::uniform_int_distribution<int>(low, high)(random);
+}
+
+mirel7::_color RandomColor(std::mt19937& random) {
+    auto const byte = [&] { return static_cast<std::uint8_t>(Uniform(random, 0, 255)); };
+    return mirel7::_color(byte(), byte(), byte());
+}
+
 testing::AssertionResult IncrementalPaintEqualsFullPaint(SRepaintScenario const& scenario, unsigned seed) {
     return ImagesMatch(Run(scenario, seed, true), Run(scenario, seed, false), 0, 0,
                        "seed" + std::to_string(seed));

@@ -23,6 +23,10 @@ struct SRepaintScenario {
     int steps = 30;
 };
 
+// Draws for random scenarios: an int in [low, high], and an opaque colour.
+int Uniform(std::mt19937& random, int low, int high);
+mirel7::_color RandomColor(std::mt19937& random);
+
 // The retained back buffer after the actions, each followed by the partial paint it caused, must equal a
 // fresh full paint of the same tree after the same actions, pixel for pixel. On a mismatch both images and
 // their difference are written beside the test logs.

@@ -14,14 +14,8 @@ namespace {
 using namespace mirelfrw7;
 using mirel_test::CFilledElement;
 
-int Uniform(std::mt19937& random, int low, int high) {
-    return std::uniform_int_distribution<int>(low, high)(random);
-}
-
-_color RandomColor(std::mt19937& random) {
-    auto const byte = [&] { return static_cast<std::uint8_t>(Uniform(random, 0, 255)); };
-    return _color(byte(), byte(), byte());
-}
+using mirel_test::RandomColor;
+using mirel_test::Uniform;
 
 // Fills its bounds only while opaque; always draws a frame and a cross in a half transparent foreground,
 // which blends into whatever lies below: drawn twice without what lies below, it comes out darker.
