@@ -27,10 +27,13 @@ constexpr int ColumnCount = 12;
 
 // 1234567 -> "1,234,567".
 std::string Grouped(std::int64_t value) {
-    std::string digits = std::to_string(value);
-    for (int at = int(digits.size()) - 3; at > 0; at -= 3)
-        digits.insert(std::size_t(at), ",");
-    return digits;
+    std::string const digits = std::to_string(value);
+    std::string grouped;
+    for (std::size_t i = 0; i < digits.size(); ++i) {
+        if (i > 0 && digits[i - 1] != '-' && (digits.size() - i) % 3 == 0) grouped += ',';
+        grouped += digits[i];
+    }
+    return grouped;
 }
 
 // Made-up figures that stay the same for a cell wherever it is scrolled to.

@@ -241,8 +241,10 @@ void CRecordingPainter::FocusRect(double left, double top, double right, double 
 
 void CRecordingPainter::Polygon(point<double> const* points, int count) {
     std::string line = "Polygon";
-    for (int i = 0; i < count; ++i)
-        line += " " + Pair(ToDevice(points[i].x, points[i].y));
+    for (int i = 0; i < count; ++i) {
+        line += ' ';
+        line += Pair(ToDevice(points[i].x, points[i].y));
+    }
     Log(line + " " + PenText() + " " + BrushText());
 }
 

@@ -1,7 +1,7 @@
-# Installs the project's build into a scratch prefix, then builds and runs a consumer program against it,
-# once through the CMake package and once through pkg-config.
+# Builds and runs a consumer program against an installed package, once through the CMake package and once
+# through pkg-config. Given PREFIX, it uses that installation; given BUILD_DIR instead, it first installs that
+# build into a scratch prefix. The compiler is the one the environment's CXX names, as for any consumer.
 file(REMOVE_RECURSE ${WORK_DIR})
-set(prefix ${WORK_DIR}/prefix)
 
 function(run)
   execute_process(COMMAND ${ARGN} RESULT_VARIABLE result)
@@ -10,15 +10,22 @@ function(run)
   endif()
 endfunction()
 
-run(${CMAKE_COMMAND} --install ${BUILD_DIR} --prefix ${prefix})
+if(NOT PREFIX)
+  set(PREFIX ${WORK_DIR}/prefix)
+  run(${CMAKE_COMMAND} --install ${BUILD_DIR} --prefix ${PREFIX})
+endif()
 run(${CMAKE_COMMAND} -S ${SOURCE_DIR}/tests/consumer -B ${WORK_DIR}/build -G ${GENERATOR}
-    -DCMAKE_PREFIX_PATH=${prefix})
+    -DCMAKE_PREFIX_PATH=${PREFIX})
 run(${CMAKE_COMMAND} --build ${WORK_DIR}/build)
 run(${WORK_DIR}/build/consumer)
 
 find_program(PKG_CONFIG pkg-config REQUIRED)
-find_program(CXX NAMES c++ g++ REQUIRED)
-file(GLOB pcdir LIST_DIRECTORIES true ${prefix}/lib*/pkgconfig)
+if(DEFINED ENV{CXX})
+  set(CXX $ENV{CXX})
+else()
+  find_program(CXX NAMES c++ g++ REQUIRED)
+endif()
+file(GLOB pcdir LIST_DIRECTORIES true ${PREFIX}/lib*/pkgconfig)
 set(ENV{PKG_CONFIG_PATH} "${pcdir}")
 execute_process(COMMAND ${PKG_CONFIG} --cflags --libs mirelfrw7 OUTPUT_VARIABLE flags RESULT_VARIABLE result
                 OUTPUT_STRIP_TRAILING_WHITESPACE)
