@@ -2,6 +2,7 @@
 
 #include <mirelfrw7/core/control.h>
 #include <mirelfrw7/core/element_list.h>
+#include <mirelfrw7/core/life_guard.h>
 #include <mirelfrw7/core/visual_element.h>
 #include <mirelfrw7/export.h>
 
@@ -107,7 +108,7 @@ private:
     CVisualElement* MouseTarget(point<int>& at) const;
     // Ends the drag of `dragged`: a drop at `at` (control coordinates) when the target accepts, else a drop
     // on nothing.
-    void EndDrag(CVisualElement* dragged, point<int> const* at);
+    void EndDrag(CLifeGuard const& dragged, point<int> const* at);
     void ForgetElement(CVisualElement* element);
 
     CBaseControl* m_owner;

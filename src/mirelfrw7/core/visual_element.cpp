@@ -1,4 +1,5 @@
 #include <mirelfrw7/core/control.h>
+#include <mirelfrw7/core/life_guard.h>
 #include <mirelfrw7/core/visual_element.h>
 
 #include <mirel7/assert.h>
@@ -49,6 +50,7 @@ CVisualElement::CVisualElement(CVisualElement* parent, size<int> const& elementS
 }
 
 CVisualElement::~CVisualElement() {
+    CLifeGuard::Bury(this);
     sigDestroy(this);
     OnChange(this, UpdateLeaving);
     m_children->Clear();
@@ -501,6 +503,7 @@ void CVisualElement::Update(UpdateType type) {
 
 void CVisualElement::OnChange(CVisualElement* sender, UpdateType type) {
     if (!sender) return;
+    CVisualElement* const origin = sender;
     Invalidate();
     if (BeforeProcessChange(sender, type)) ProcessChange(&sender);
     if (sender) {
@@ -510,7 +513,13 @@ void CVisualElement::OnChange(CVisualElement* sender, UpdateType type) {
         for (CVisualElement* e = parent; e && sender; e = e->m_parent)
             if (e->BeforeProcessChange(sender, type)) e->ProcessChange(&sender);
     }
-    if (m_control && sender) m_control->UpdateElement(sender, type);
+    if (!m_control) return;
+    // Ancestors may claim a repaint, but the element that leaves is the one the control must forget,
+    // whatever they answered: a claimed notice would leave its pointers on an element outside the tree.
+    if (type & UpdateLeaving)
+        m_control->UpdateElement(origin, type);
+    else if (sender)
+        m_control->UpdateElement(sender, type);
 }
 
 void CVisualElement::OnRearrange(CVisualElement* sender) {

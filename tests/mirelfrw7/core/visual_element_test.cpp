@@ -259,6 +259,33 @@ TEST(UpdateProtocolClaims, AnAncestorMayReplaceOrClearTheSender) {
     EXPECT_EQ(f.Imp()->GetUpdates().GetCount(), 0);
 }
 
+// The claim of an ancestor covers repaints, never the notice that an element leaves: every element of a
+// subtree that leaves, deleted or detached, is forgotten by the control itself.
+TEST(UpdateProtocolClaims, TheLeavingOfEveryElementReachesTheControlPastAClaimingAncestor) {
+    for (bool detachSubtree : {false, true}) {
+        CControlFixture f;
+        CClaimingElement outer(f.Root(), {0, 0}, AlignClient);
+        CClaimingElement claimer(&outer, {0, 0}, AlignClient);
+        auto* child = new CFilledElement(&claimer, {10, 0}, AlignLeft);
+        child->SetFocusable(true);
+        f.control->Rearrange();
+        f.Paint();
+        f.Imp()->SetFocusedElement(child, false);
+        f.Imp()->SetMouseElement(child);
+        f.Imp()->SetCapture(child);
+        f.Imp()->SetTabHandler(child);
+        claimer.stop = true;
+        if (detachSubtree) claimer.ReParent(nullptr, true);
+        delete child;
+        EXPECT_EQ(f.Imp()->GetFocusedElement(), nullptr);
+        EXPECT_EQ(f.Imp()->GetFocussingElement(), nullptr);
+        EXPECT_EQ(f.Imp()->GetMouseElement(), nullptr);
+        EXPECT_EQ(f.Imp()->GetCapture(), nullptr);
+        f.window->InjectKeyDown(mirel7::KeyTab); // follows the tab handler, when one is left
+        f.Paint();
+    }
+}
+
 TEST_F(UpdateProtocol, AnElementUnderAnInvisibleAncestorQueuesNothing) {
     panel.SetVisible(false);
     f.Paint();
