@@ -18,9 +18,10 @@ constexpr ISysPalette::SysColor NoSysColor = static_cast<ISysPalette::SysColor>(
 constexpr ISysPalette::SysColor DefaultBkSysColor = static_cast<ISysPalette::SysColor>(3);
 constexpr ISysPalette::SysColor DefaultFgSysColor = static_cast<ISysPalette::SysColor>(8);
 
-size<int> Scaled(size<int> s) {
-    ApplyDPIScale(s);
-    return s;
+// A wanted size as SetSize and the constructor store it: scaled when asked, never negative.
+size<int> Wanted(size<int> s, bool scale) {
+    if (scale) ApplyDPIScale(s);
+    return {std::max(s.cx, 0), std::max(s.cy, 0)};
 }
 
 // A strip's far edge is summed in 64 bits: a wanted size as large as an int goes stops at the free space
@@ -44,7 +45,7 @@ void Shift(rectangle<int>& r, int dx, int dy) {
 } // namespace
 
 CVisualElement::CVisualElement(CVisualElement* parent, size<int> const& elementSize, Alignment alignment)
-    : m_size(Scaled(elementSize)), m_alignment(alignment), m_bkSysColor(DefaultBkSysColor),
+    : m_size(Wanted(elementSize, true)), m_alignment(alignment), m_bkSysColor(DefaultBkSysColor),
       m_fgSysColor(DefaultFgSysColor), m_children(new CChildren) {
     ReParent(parent, true);
 }
@@ -52,9 +53,14 @@ CVisualElement::CVisualElement(CVisualElement* parent, size<int> const& elementS
 CVisualElement::~CVisualElement() {
     CLifeGuard::Bury(this);
     sigDestroy(this);
-    OnChange(this, UpdateLeaving);
+    // The element leaves first, with its subtree: the control forgets all of it, and the parent docks its
+    // other children anew and repaints the place it left. The children then die detached, with no control
+    // to tell and no parent that still counts.
+    if (m_parent)
+        ReParent(nullptr, true);
+    else
+        SetControl(nullptr);
     m_children->Clear();
-    if (m_parent) ReParent(nullptr, false);
     delete m_children;
     m_children = nullptr;
 }
@@ -62,10 +68,7 @@ CVisualElement::~CVisualElement() {
 // --- Geometry ---------------------------------------------------------------------------------------------
 
 void CVisualElement::SetSize(size<int> const& newSize, bool scale) {
-    size<int> s = newSize;
-    if (scale) ApplyDPIScale(s);
-    s.cx = std::max(s.cx, 0);
-    s.cy = std::max(s.cy, 0);
+    size<int> const s = Wanted(newSize, scale);
     if (s == m_size) return;
     m_size = s;
     OnRearrange(this);
@@ -131,6 +134,10 @@ void CVisualElement::SetPos(rectangle<int> const& newRect, bool force) {
             OnChange(this, UpdateLocal);
         }
         sigPosChanged(this);
+    } else if (m_alignment == AlignNone && m_parent && m_visible) {
+        // No docking pass repaints around an undocked element: its parent repaints the places it left and
+        // took, with whatever lies over them.
+        if (newRect != old) m_parent->OnChange(m_parent, UpdateLocal);
     } else if (IsFullRepainted() && IsScrollableOnSetPos()) {
         ScrollOnSetPos(this, newRect, old, GetDrawBounds());
         m_validRect = m_bounds;
@@ -317,8 +324,12 @@ void CVisualElement::ReParent(CVisualElement* newParent, bool rearrange) {
     }
     CVisualElement* const oldParent = m_parent;
     bool const relayout = rearrange && m_visible && m_alignment != AlignNone;
+    // An undocked element is placed by nobody: the parent it leaves repaints where it was, and it paints
+    // itself where it comes.
+    bool const repaint = rearrange && m_visible && m_alignment == AlignNone;
     if (oldParent) {
         if (relayout) OnRearrange(this);
+        if (repaint) oldParent->OnChange(oldParent, UpdateLocal);
         oldParent->m_children->RemoveItem(this);
     }
     if (newParent) newParent->m_children->AddItem(this);
@@ -330,6 +341,7 @@ void CVisualElement::ReParent(CVisualElement* newParent, bool rearrange) {
         SetFont(newParent->m_font);
         newParent->AddNewChild(this);
         if (relayout) OnRearrange(this);
+        if (repaint) OnChange(this, UpdateLocal);
     }
     ChangeParent(oldParent);
 }
@@ -399,7 +411,11 @@ void CVisualElement::SetVisible(bool visible) {
     sigVisibleChanged(this, visible);
     ProcessSetVisible(visible);
     SetParentVisible(visible);
-    if (m_alignment != AlignNone) OnRearrange(this);
+    // An undocked element takes no part in the docking: its parent repaints, shown or hidden.
+    if (m_alignment != AlignNone)
+        OnRearrange(this);
+    else if (m_parent)
+        m_parent->OnChange(m_parent, UpdateLocal);
 }
 
 void CVisualElement::SetParentVisible(bool visible) {
@@ -757,6 +773,45 @@ void ApplyDPIScale(rectangle<int>& value) {
     ApplyDPIScale(value.bottom);
 }
 
+namespace {
+// Inclusive rectangles, as the docking makes them; one without width or height is never drawn.
+bool Overlap(rectangle<int> const& a, rectangle<int> const& b) {
+    rectangle<int> const p = a.Normalized(), q = b.Normalized();
+    return p.left <= q.right && q.left <= p.right && p.top <= q.bottom && q.top <= p.bottom;
+}
+bool Drawn(CVisualElement const* e) {
+    rectangle<int> const& b = e->GetPosition();
+    return e->IsVisible() && b.Width() >= 1 && b.Height() >= 1;
+}
+} // namespace
+
+bool IsOverlapped(CVisualElement const* element, rectangle<int> const& rect) {
+    std::vector<CVisualElement*> above;
+    AddOverlapping(const_cast<CVisualElement*>(element), rect, above);
+    return !above.empty();
+}
+
+void AddOverlapping(CVisualElement* element, rectangle<int> const& rect, std::vector<CVisualElement*>& out) {
+    // The places drawn so far, in the coordinates of the current parent: the element's, then those of
+    // every later sibling drawn over them, level by level up to the root.
+    std::vector<rectangle<int>> drawn{rect};
+    for (CVisualElement* node = element; CVisualElement* const parent = node->GetParent(); node = parent) {
+        IChildren* const children = parent->GetChildren();
+        for (int i = children->GetIndex(node) + 1; i < children->GetCount(); ++i) {
+            CVisualElement* const sibling = children->GetItem(i);
+            if (!Drawn(sibling)) continue;
+            rectangle<int> const& b = sibling->GetPosition();
+            if (std::any_of(drawn.begin(), drawn.end(),
+                            [&](rectangle<int> const& d) { return Overlap(b, d); })) {
+                out.push_back(sibling);
+                drawn.push_back(b);
+            }
+        }
+        for (rectangle<int>& d : drawn)
+            Shift(d, parent->GetPosition().left, parent->GetPosition().top);
+    }
+}
+
 bool IsAncestor(CVisualElement const* element, CVisualElement const* ancestor) {
     if (!element || !ancestor) return false;
     for (CVisualElement const* e = element; e; e = e->GetParent())
@@ -771,6 +826,11 @@ void ScrollOnSetPos(CVisualElement* element, rectangle<int> const& newRect, rect
     if (!parent || !control || !element->IsDisplayable()) return;
     int const dx = newRect.left - oldRect.left, dy = newRect.top - oldRect.top;
     if (dx == 0 && dy == 0) return;
+    // The window's pixels there show the later sibling on top too: they cannot move with the element.
+    if (IsOverlapped(element, oldRect) || IsOverlapped(element, newRect)) {
+        element->OnChange(element, UpdateLocal);
+        return;
+    }
     rectangle<int> source;
     if (drawBounds.IsAllZero()) {
         // The old place, less what would land outside the new one.
