@@ -174,11 +174,12 @@ void CBaseControlImp::DrawUpdates(IPainter* painter) {
     CDrawRun run;
     for (int i = 0; i < m_updates.GetCount(); ++i) {
         CVisualElement* const element = m_updates.GetItem(i);
-        // Hidden since it was queued: it shows nothing, and its parent's repaint covered its place.
-        if (!element || !element->IsDisplayable()) continue;
+        // Hidden or squeezed to nothing since it was queued: a full paint would not draw it either.
+        if (!element || !IsDrawn(element)) continue;
         run.items.push_back(element);
         // What lies over the element is drawn again after it, as a full repaint would draw it.
-        AddOverlapping(element, element->GetPosition(), run.items);
+        rectangle<int> extent;
+        if (GetExtent(element, extent, false)) AddOverlapping(element, extent, run.items);
     }
     DrawElements(&run, painter, {});
 }

@@ -42,7 +42,55 @@ void Shift(rectangle<int>& r, int dx, int dy) {
     r.top += dy;
     r.bottom += dy;
 }
+
+// Inclusive rectangles, as the docking makes them.
+bool Overlap(rectangle<int> const& a, rectangle<int> const& b) {
+    return a.left <= b.right && b.left <= a.right && a.top <= b.bottom && b.top <= a.bottom;
+}
+bool Inside(rectangle<int> const& inner, rectangle<int> const& outer) {
+    return inner.left >= outer.left && inner.right <= outer.right && inner.top >= outer.top &&
+           inner.bottom <= outer.bottom;
+}
+void Unite(rectangle<int>& a, rectangle<int> const& b) {
+    a = {std::min(a.left, b.left), std::min(a.top, b.top), std::max(a.right, b.right),
+         std::max(a.bottom, b.bottom)};
+}
+// An element without width or height draws nothing, its children included.
+bool HasArea(rectangle<int> const& r) {
+    return r.Width() >= 1 && r.Height() >= 1;
+}
+
+// The element repaints a place, in its own coordinates, that its children drew on: the nearest ancestor
+// whose own rectangle holds the place repaints, since the element's does not always.
+void RepaintPlace(CVisualElement* element, rectangle<int> place) {
+    CVisualElement* e = element;
+    while (e->GetParent() && !(HasArea(e->GetPosition()) && Inside(place, e->GetBounds()))) {
+        Shift(place, e->GetPosition().left, e->GetPosition().top);
+        e = e->GetParent();
+    }
+    e->OnChange(e, UpdateLocal);
+}
 } // namespace
+
+bool IsDrawn(CVisualElement const* element) {
+    for (CVisualElement const* e = element; e; e = e->GetParent())
+        if (!e->IsVisible() || !HasArea(e->GetPosition())) return false;
+    return true;
+}
+
+bool GetExtent(CVisualElement const* element, rectangle<int>& extent, bool shown) {
+    rectangle<int> const& b = element->GetPosition();
+    if (!(shown || element->IsVisible()) || !HasArea(b)) return false;
+    extent = b;
+    IChildren* const children = element->GetChildren();
+    for (int i = 0; i < children->GetCount(); ++i) {
+        rectangle<int> inner;
+        if (!GetExtent(children->GetItem(i), inner, false)) continue;
+        Shift(inner, b.left, b.top);
+        Unite(extent, inner);
+    }
+    return true;
+}
 
 CVisualElement::CVisualElement(CVisualElement* parent, size<int> const& elementSize, Alignment alignment)
     : m_size(Wanted(elementSize, true)), m_alignment(alignment), m_bkSysColor(DefaultBkSysColor),
@@ -85,6 +133,11 @@ void CVisualElement::SetHeight(int height, bool scale) {
 void CVisualElement::SetPos(rectangle<int> const& newRect, bool force) {
     if (newRect == m_bounds && !force) return;
     rectangle<int> const old = m_bounds;
+    // No docking pass repaints around an undocked element, nor around children drawn outside their
+    // parent: the places such an element drew on before and after repaint, with whatever lies over them.
+    rectangle<int> oldPlace;
+    bool const wasDrawn = m_parent && GetExtent(this, oldPlace, false);
+    bool const loose = m_parent && m_visible && (m_alignment == AlignNone || (wasDrawn && oldPlace != old));
     m_bounds = newRect;
 
     if (!IsFullRepainted()) ScrollOnSetPos(this, newRect, old, GetDrawBounds());
@@ -134,13 +187,16 @@ void CVisualElement::SetPos(rectangle<int> const& newRect, bool force) {
             OnChange(this, UpdateLocal);
         }
         sigPosChanged(this);
-    } else if (m_alignment == AlignNone && m_parent && m_visible) {
-        // No docking pass repaints around an undocked element: its parent repaints the places it left and
-        // took, with whatever lies over them.
-        if (newRect != old) m_parent->OnChange(m_parent, UpdateLocal);
-    } else if (IsFullRepainted() && IsScrollableOnSetPos()) {
+    } else if (!loose && IsFullRepainted() && IsScrollableOnSetPos()) {
         ScrollOnSetPos(this, newRect, old, GetDrawBounds());
         m_validRect = m_bounds;
+    }
+
+    rectangle<int> newPlace;
+    bool const isDrawn = m_parent && GetExtent(this, newPlace, false);
+    if (newRect != old && (loose || (isDrawn && newPlace != m_bounds))) {
+        if (wasDrawn) RepaintPlace(m_parent, oldPlace);
+        if (isDrawn) RepaintPlace(m_parent, newPlace);
     }
 
     if (m_validRect.Width() <= 0 || m_validRect.Height() <= 0 || m_bounds.left != old.left ||
@@ -326,10 +382,11 @@ void CVisualElement::ReParent(CVisualElement* newParent, bool rearrange) {
     bool const relayout = rearrange && m_visible && m_alignment != AlignNone;
     // An undocked element is placed by nobody: the parent it leaves repaints where it was, and it paints
     // itself where it comes.
-    bool const repaint = rearrange && m_visible && m_alignment == AlignNone;
+    rectangle<int> place;
     if (oldParent) {
         if (relayout) OnRearrange(this);
-        if (repaint) oldParent->OnChange(oldParent, UpdateLocal);
+        if (rearrange && GetExtent(this, place, false) && (!relayout || place != m_bounds))
+            RepaintPlace(oldParent, place);
         oldParent->m_children->RemoveItem(this);
     }
     if (newParent) newParent->m_children->AddItem(this);
@@ -341,7 +398,8 @@ void CVisualElement::ReParent(CVisualElement* newParent, bool rearrange) {
         SetFont(newParent->m_font);
         newParent->AddNewChild(this);
         if (relayout) OnRearrange(this);
-        if (repaint) OnChange(this, UpdateLocal);
+        if (rearrange && GetExtent(this, place, false) && (!relayout || place != m_bounds))
+            RepaintPlace(newParent, place);
     }
     ChangeParent(oldParent);
 }
@@ -407,15 +465,17 @@ CVisualElement* CVisualElement::FindVisualElement(unsigned long const& id, bool 
 
 void CVisualElement::SetVisible(bool visible) {
     if (visible == m_visible) return;
+    // Docking covers the strip of a docked element; an undocked element, or children drawn outside their
+    // parent, leave or take a place that its parent repaints.
+    rectangle<int> place;
+    bool const drawn = m_parent && GetExtent(this, place, true);
     m_visible = visible;
     sigVisibleChanged(this, visible);
     ProcessSetVisible(visible);
     SetParentVisible(visible);
     // An undocked element takes no part in the docking: its parent repaints, shown or hidden.
-    if (m_alignment != AlignNone)
-        OnRearrange(this);
-    else if (m_parent)
-        m_parent->OnChange(m_parent, UpdateLocal);
+    if (m_alignment != AlignNone) OnRearrange(this);
+    if (drawn && (m_alignment == AlignNone || place != m_bounds)) RepaintPlace(m_parent, place);
 }
 
 void CVisualElement::SetParentVisible(bool visible) {
@@ -773,18 +833,6 @@ void ApplyDPIScale(rectangle<int>& value) {
     ApplyDPIScale(value.bottom);
 }
 
-namespace {
-// Inclusive rectangles, as the docking makes them; one without width or height is never drawn.
-bool Overlap(rectangle<int> const& a, rectangle<int> const& b) {
-    rectangle<int> const p = a.Normalized(), q = b.Normalized();
-    return p.left <= q.right && q.left <= p.right && p.top <= q.bottom && q.top <= p.bottom;
-}
-bool Drawn(CVisualElement const* e) {
-    rectangle<int> const& b = e->GetPosition();
-    return e->IsVisible() && b.Width() >= 1 && b.Height() >= 1;
-}
-} // namespace
-
 bool IsOverlapped(CVisualElement const* element, rectangle<int> const& rect) {
     std::vector<CVisualElement*> above;
     AddOverlapping(const_cast<CVisualElement*>(element), rect, above);
@@ -799,8 +847,8 @@ void AddOverlapping(CVisualElement* element, rectangle<int> const& rect, std::ve
         IChildren* const children = parent->GetChildren();
         for (int i = children->GetIndex(node) + 1; i < children->GetCount(); ++i) {
             CVisualElement* const sibling = children->GetItem(i);
-            if (!Drawn(sibling)) continue;
-            rectangle<int> const& b = sibling->GetPosition();
+            rectangle<int> b;
+            if (!GetExtent(sibling, b, false)) continue;
             if (std::any_of(drawn.begin(), drawn.end(),
                             [&](rectangle<int> const& d) { return Overlap(b, d); })) {
                 out.push_back(sibling);
