@@ -43,7 +43,14 @@ rectangle<int> CBaseControlImp::GetRealDrawRect() const {
     return {client.left, client.top, client.right - 1, client.bottom - 1};
 }
 
+bool CBaseControlImp::IsWindowEmpty() const {
+    rectangle<int> const rect = GetRealDrawRect();
+    return rect.right < rect.left || rect.bottom < rect.top;
+}
+
 void CBaseControlImp::InvalidateWindow() {
+    // The layout inside a paint pass is drawn by that same pass; an empty window has nothing to show.
+    if (m_arrangingInPaint || IsWindowEmpty()) return;
     if (mirel7::ISysWindow* const window = GetWindow()) {
         screen_rectangle<int> client;
         window->GetClientRect(client);
@@ -52,6 +59,8 @@ void CBaseControlImp::InvalidateWindow() {
 }
 
 void CBaseControlImp::ArrangeAll(bool force) {
+    // An empty window has no rectangle to lay the tree into; the need stays for when it grows.
+    if (IsWindowEmpty()) return;
     m_rearrangeNeeded = false;
     sigBeforeArrange();
     m_content->SetPos(GetRealDrawRect().Normalized(), force);
@@ -64,7 +73,7 @@ void CBaseControlImp::ArrangeAll(bool force) {
 
 void CBaseControlImp::ProcessDraw(IPainter* painter) {
     mirel7::ISysWindow* const window = GetWindow();
-    if (!window || !painter) return;
+    if (!window || !painter || IsWindowEmpty()) return;
     sigBeforePaint();
     if (m_firstPaint) {
         m_rearrangeNeeded = true;
@@ -74,10 +83,17 @@ void CBaseControlImp::ProcessDraw(IPainter* painter) {
 
     // Layout always happens before any drawing, inside the paint.
     rectangle<int> const rect = GetRealDrawRect().Normalized();
-    if (m_content->GetBounds() == rect)
-        ForceRearrange();
-    else if (m_rearrangeLocks == 0)
-        ArrangeAll(true);
+    m_arrangingInPaint = true;
+    try {
+        if (m_content->GetBounds() == rect)
+            ForceRearrange();
+        else if (m_rearrangeLocks == 0)
+            ArrangeAll(true);
+    } catch (...) {
+        m_arrangingInPaint = false;
+        throw;
+    }
+    m_arrangingInPaint = false;
 
     if (m_firstPaint) {
         m_updates.Clear();
@@ -114,12 +130,10 @@ void CBaseControlImp::ProcessDraw(IPainter* painter) {
             }
         }
 
-        if (m_fullRepaint || m_updates.IsEmpty()) {
+        if (m_fullRepaint || m_updates.IsEmpty())
             m_content->OnDraw(painter);
-        } else {
-            m_updates.Reduce();
-            DrawElements(&m_updates, painter, {});
-        }
+        else
+            DrawUpdates(painter);
 
         m_updates.Clear();
         painter->ResetClip();
@@ -145,9 +159,35 @@ void CBaseControlImp::ProcessDraw(IPainter* painter) {
     sigAfterPaint();
 }
 
+namespace {
+// The elements of one paint pass in drawing order; an element may come more than once.
+class CDrawRun : public IVisualElements {
+public:
+    int GetCount() const override { return static_cast<int>(items.size()); }
+    CVisualElement* GetItem(int index) override { return items[static_cast<std::size_t>(index)]; }
+    std::vector<CVisualElement*> items;
+};
+} // namespace
+
+void CBaseControlImp::DrawUpdates(IPainter* painter) {
+    m_updates.Reduce();
+    CDrawRun run;
+    for (int i = 0; i < m_updates.GetCount(); ++i) {
+        CVisualElement* const element = m_updates.GetItem(i);
+        // Hidden or squeezed to nothing since it was queued: a full paint would not draw it either.
+        if (!element || !IsDrawn(element)) continue;
+        run.items.push_back(element);
+        // What lies over the element is drawn again after it, as a full repaint would draw it.
+        rectangle<int> extent;
+        if (GetExtent(element, extent, false)) AddOverlapping(element, extent, run.items);
+    }
+    DrawElements(&run, painter, {});
+}
+
 void CBaseControlImp::ProcessResize(mirel7::CWindowEvent*, bool force) {
     if (!GetWindow()) return;
-    if (force) m_fullRepaint = true;
+    // What an empty window showed is gone: all of it paints once the window grows again.
+    if (force || IsWindowEmpty()) m_fullRepaint = true;
     if (m_rearrangeLocks == 0) ArrangeAll(force);
     InvalidateWindow();
 }
@@ -201,7 +241,7 @@ void CBaseControlImp::RearrangeInt() {
         for (int i = 0; i < previous.GetCount(); ++i) {
             CVisualElement* const element = previous.GetItem(i);
             if (element && element->IsDisplayable())
-                element->SetPos(element->GetPosition().Normalized(), true);
+                element->SetPos(element->GetPosition(), true); // as a full layout placed it, inverted or not
         }
     }
 }
@@ -216,6 +256,13 @@ void CBaseControlImp::LockRearrange(bool lock) {
     // A pass that ran during the lock cleared the request but could not work the queue off: ask again, or
     // the queued elements would wait for an unrelated request.
     if (!m_rearranges.IsEmpty()) m_rearrangeNeeded = true;
+    // A resize or a new root during the lock left the content out of place, and the window showed it so:
+    // it is laid out and drawn whole.
+    if (m_content->GetBounds() != GetRealDrawRect().Normalized() && !IsWindowEmpty()) {
+        m_rearrangeNeeded = true;
+        m_fullRepaint = true;
+        InvalidateWindow();
+    }
     ForceRearrange();
 }
 

@@ -2,6 +2,7 @@
 
 #include <mirelfrw7/core/control.h>
 #include <mirelfrw7/core/element_list.h>
+#include <mirelfrw7/core/life_guard.h>
 #include <mirelfrw7/core/visual_element.h>
 #include <mirelfrw7/export.h>
 
@@ -100,6 +101,10 @@ public:
 private:
     // The whole client area: repaints are never partial at the window's level, the partial work is the list.
     void InvalidateWindow();
+    // A window without width or height: it paints nothing, lays nothing out and asks for no paint.
+    bool IsWindowEmpty() const;
+    // The queued elements, each followed by what lies over it.
+    void DrawUpdates(IPainter* painter);
     // The content laid out into the client rectangle, the queued rearrangements worked off, all between the
     // two arrange signals.
     void ArrangeAll(bool force);
@@ -107,7 +112,7 @@ private:
     CVisualElement* MouseTarget(point<int>& at) const;
     // Ends the drag of `dragged`: a drop at `at` (control coordinates) when the target accepts, else a drop
     // on nothing.
-    void EndDrag(CVisualElement* dragged, point<int> const* at);
+    void EndDrag(CLifeGuard const& dragged, point<int> const* at);
     void ForgetElement(CVisualElement* element);
 
     CBaseControl* m_owner;
@@ -127,6 +132,7 @@ private:
     bool m_rearranging = false;
     bool m_firstPaint = true;
     bool m_tabProcessing = false;
+    bool m_arrangingInPaint = false;
     int m_rearrangeLocks = 0;
     point<int> m_lastMouse;
     point<int> m_downPos;

@@ -1,6 +1,7 @@
 // The input half of CBaseControlImp: who receives a mouse or key event, and how the control keeps capture,
 // hover, click, drag, focus and the Tab chain.
 #include <mirelfrw7/core/base_control.h>
+#include <mirelfrw7/core/life_guard.h>
 
 #include <mirel7/sys_window.h>
 #include <mirel7/window_painter.h>
@@ -34,7 +35,7 @@ void CBaseControlImp::ProcessMouseMove(mirel7::CMouseEvent* ev) {
     if (ev->button == mirel7::MouseButton(0) && m_clickedElement) {
         // The button came up unseen. A drag still open would have no button to end it: it ends here as a
         // drop on nothing.
-        CVisualElement* const dragged = m_draggedElement;
+        CLifeGuard dragged(m_draggedElement);
         m_mouseFlags = 0;
         m_clickedElement = nullptr;
         if (dragged) {
@@ -54,7 +55,9 @@ void CBaseControlImp::ProcessMouseMove(mirel7::CMouseEvent* ev) {
             point<int> down = m_downPos;
             m_clickedElement->ControlToElement(&down);
             m_dragInfo = DragInfo();
-            if (m_clickedElement->CanStartDragging(m_clickedElement, down.x, down.y, m_dragInfo)) {
+            // The question may delete the element asked, which then clears m_clickedElement.
+            if (m_clickedElement->CanStartDragging(m_clickedElement, down.x, down.y, m_dragInfo) &&
+                m_clickedElement) {
                 m_mouseFlags |= DragBufferDue;
                 m_draggedElement = m_clickedElement;
                 window->CaptureMouse();
@@ -81,11 +84,10 @@ void CBaseControlImp::ProcessMouseMove(mirel7::CMouseEvent* ev) {
         if (r.bottom > limits.bottom) r = {r.left, limits.bottom - height, r.right, limits.bottom};
     }
 
-    CVisualElement* const dragged = m_draggedElement;
     if (CVisualElement* const target = m_capture ? m_capture : m_mouseElement) {
         point<int> over{ev->x, ev->y};
         target->ControlToElement(&over);
-        if (target->DragOver(dragged, target, over.x, over.y, m_dragInfo)) {
+        if (target->DragOver(m_draggedElement, target, over.x, over.y, m_dragInfo)) {
             window->SetCursor(1);
             m_mouseFlags |= DropAccepted;
         } else {
@@ -93,8 +95,11 @@ void CBaseControlImp::ProcessMouseMove(mirel7::CMouseEvent* ev) {
             m_mouseFlags &= ~DropAccepted;
         }
     }
-    dragged->OnChange(dragged, m_dragInfo.globalUpdate ? UpdateGlobal : UpdateLocal);
-    sigDragMove(dragged, ev->x, ev->y);
+    // The target's answer may have deleted the dragged element, which then ended the drag.
+    if (CVisualElement* const dragged = m_draggedElement) {
+        dragged->OnChange(dragged, m_dragInfo.globalUpdate ? UpdateGlobal : UpdateLocal);
+        sigDragMove(dragged, ev->x, ev->y);
+    }
     m_lastMouse = {ev->x, ev->y};
 }
 
@@ -103,31 +108,35 @@ void CBaseControlImp::ProcessButtonUp(mirel7::CMouseEvent* ev) {
     if (!window) return;
     m_mouseFlags &= ~(ButtonDown | DragRefused);
     m_clickedElement = nullptr;
-    CVisualElement* const dragged = m_draggedElement;
+    bool const dragging = m_draggedElement != nullptr;
+    CLifeGuard dragged(m_draggedElement);
     point<int> at{ev->x, ev->y};
     MouseTarget(at)->ProcessButtonUp(at.x, at.y, ev->flags, ev->button);
     m_draggedElement = nullptr;
-    if (!dragged) return;
+    if (!dragging) return;
     window->ReleaseMouse();
     point<int> const drop{ev->x, ev->y};
     EndDrag(dragged, &drop);
 }
 
-void CBaseControlImp::EndDrag(CVisualElement* dragged, point<int> const* at) {
-    CVisualElement* const target = m_capture ? m_capture : m_mouseElement;
-    if (at && (m_mouseFlags & DropAccepted) && target) {
+// Every call out may delete the dragged element or the target: each is asked for again before its use,
+// and a drag whose source died ends without a drop.
+void CBaseControlImp::EndDrag(CLifeGuard const& dragged, point<int> const* at) {
+    bool const accepted = (m_mouseFlags & DropAccepted) != 0;
+    m_mouseFlags = (m_mouseFlags & ~DropAccepted) | DragBufferDrop;
+    CLifeGuard target(m_capture ? m_capture : m_mouseElement);
+    if (dragged && at && accepted && target) {
         point<int> p = *at;
         target->ControlToElement(&p);
-        target->DropDone(dragged, target, p.x, p.y, m_dragInfo);
-        dragged->DragFinished(dragged, m_mouseElement, m_dragInfo);
-        if (mirel7::ISysWindow* const window = GetWindow()) window->SetCursor(target->GetCursor());
-        m_mouseFlags &= ~DropAccepted;
-    } else {
-        dragged->DragFinished(dragged, nullptr, m_dragInfo);
+        target->DropDone(dragged.Get(), target.Get(), p.x, p.y, m_dragInfo);
+        if (dragged) dragged->DragFinished(dragged.Get(), m_mouseElement, m_dragInfo);
+        if (mirel7::ISysWindow* const window = GetWindow(); window && target)
+            window->SetCursor(target->GetCursor());
+    } else if (dragged) {
+        dragged->DragFinished(dragged.Get(), nullptr, m_dragInfo);
     }
-    dragged->OnChange(dragged, m_dragInfo.globalUpdate ? UpdateGlobal : UpdateLocal);
-    sigDragEnd(dragged);
-    m_mouseFlags |= DragBufferDrop;
+    if (dragged) dragged->OnChange(dragged.Get(), m_dragInfo.globalUpdate ? UpdateGlobal : UpdateLocal);
+    if (dragged) sigDragEnd(dragged.Get());
 }
 
 void CBaseControlImp::ProcessDoubleClick(mirel7::CMouseEvent* ev) {

@@ -1,4 +1,5 @@
 #include <mirelfrw7/core/control.h>
+#include <mirelfrw7/core/life_guard.h>
 #include <mirelfrw7/core/visual_element.h>
 
 #include <mirel7/assert.h>
@@ -17,9 +18,10 @@ constexpr ISysPalette::SysColor NoSysColor = static_cast<ISysPalette::SysColor>(
 constexpr ISysPalette::SysColor DefaultBkSysColor = static_cast<ISysPalette::SysColor>(3);
 constexpr ISysPalette::SysColor DefaultFgSysColor = static_cast<ISysPalette::SysColor>(8);
 
-size<int> Scaled(size<int> s) {
-    ApplyDPIScale(s);
-    return s;
+// A wanted size as SetSize and the constructor store it: scaled when asked, never negative.
+size<int> Wanted(size<int> s, bool scale) {
+    if (scale) ApplyDPIScale(s);
+    return {std::max(s.cx, 0), std::max(s.cy, 0)};
 }
 
 // A strip's far edge is summed in 64 bits: a wanted size as large as an int goes stops at the free space
@@ -40,19 +42,73 @@ void Shift(rectangle<int>& r, int dx, int dy) {
     r.top += dy;
     r.bottom += dy;
 }
+
+// Inclusive rectangles, as the docking makes them.
+bool Overlap(rectangle<int> const& a, rectangle<int> const& b) {
+    return a.left <= b.right && b.left <= a.right && a.top <= b.bottom && b.top <= a.bottom;
+}
+bool Inside(rectangle<int> const& inner, rectangle<int> const& outer) {
+    return inner.left >= outer.left && inner.right <= outer.right && inner.top >= outer.top &&
+           inner.bottom <= outer.bottom;
+}
+void Unite(rectangle<int>& a, rectangle<int> const& b) {
+    a = {std::min(a.left, b.left), std::min(a.top, b.top), std::max(a.right, b.right),
+         std::max(a.bottom, b.bottom)};
+}
+// An element without width or height draws nothing, its children included.
+bool HasArea(rectangle<int> const& r) {
+    return r.Width() >= 1 && r.Height() >= 1;
+}
+
+// The element repaints a place, in its own coordinates, that its children drew on: the nearest ancestor
+// whose own rectangle holds the place repaints, since the element's does not always.
+void RepaintPlace(CVisualElement* element, rectangle<int> place) {
+    CVisualElement* e = element;
+    while (e->GetParent() && !(HasArea(e->GetPosition()) && Inside(place, e->GetBounds()))) {
+        Shift(place, e->GetPosition().left, e->GetPosition().top);
+        e = e->GetParent();
+    }
+    e->OnChange(e, UpdateLocal);
+}
 } // namespace
 
+bool IsDrawn(CVisualElement const* element) {
+    for (CVisualElement const* e = element; e; e = e->GetParent())
+        if (!e->IsVisible() || !HasArea(e->GetPosition())) return false;
+    return true;
+}
+
+bool GetExtent(CVisualElement const* element, rectangle<int>& extent, bool shown) {
+    rectangle<int> const& b = element->GetPosition();
+    if (!(shown || element->IsVisible()) || !HasArea(b)) return false;
+    extent = b;
+    IChildren* const children = element->GetChildren();
+    for (int i = 0; i < children->GetCount(); ++i) {
+        rectangle<int> inner;
+        if (!GetExtent(children->GetItem(i), inner, false)) continue;
+        Shift(inner, b.left, b.top);
+        Unite(extent, inner);
+    }
+    return true;
+}
+
 CVisualElement::CVisualElement(CVisualElement* parent, size<int> const& elementSize, Alignment alignment)
-    : m_size(Scaled(elementSize)), m_alignment(alignment), m_bkSysColor(DefaultBkSysColor),
+    : m_size(Wanted(elementSize, true)), m_alignment(alignment), m_bkSysColor(DefaultBkSysColor),
       m_fgSysColor(DefaultFgSysColor), m_children(new CChildren) {
     ReParent(parent, true);
 }
 
 CVisualElement::~CVisualElement() {
+    CLifeGuard::Bury(this);
     sigDestroy(this);
-    OnChange(this, UpdateLeaving);
+    // The element leaves first, with its subtree: the control forgets all of it, and the parent docks its
+    // other children anew and repaints the place it left. The children then die detached, with no control
+    // to tell and no parent that still counts.
+    if (m_parent)
+        ReParent(nullptr, true);
+    else
+        SetControl(nullptr);
     m_children->Clear();
-    if (m_parent) ReParent(nullptr, false);
     delete m_children;
     m_children = nullptr;
 }
@@ -60,10 +116,7 @@ CVisualElement::~CVisualElement() {
 // --- Geometry ---------------------------------------------------------------------------------------------
 
 void CVisualElement::SetSize(size<int> const& newSize, bool scale) {
-    size<int> s = newSize;
-    if (scale) ApplyDPIScale(s);
-    s.cx = std::max(s.cx, 0);
-    s.cy = std::max(s.cy, 0);
+    size<int> const s = Wanted(newSize, scale);
     if (s == m_size) return;
     m_size = s;
     OnRearrange(this);
@@ -80,6 +133,11 @@ void CVisualElement::SetHeight(int height, bool scale) {
 void CVisualElement::SetPos(rectangle<int> const& newRect, bool force) {
     if (newRect == m_bounds && !force) return;
     rectangle<int> const old = m_bounds;
+    // No docking pass repaints around an undocked element, nor around children drawn outside their
+    // parent: the places such an element drew on before and after repaint, with whatever lies over them.
+    rectangle<int> oldPlace;
+    bool const wasDrawn = m_parent && GetExtent(this, oldPlace, false);
+    bool const loose = m_parent && m_visible && (m_alignment == AlignNone || (wasDrawn && oldPlace != old));
     m_bounds = newRect;
 
     if (!IsFullRepainted()) ScrollOnSetPos(this, newRect, old, GetDrawBounds());
@@ -129,9 +187,16 @@ void CVisualElement::SetPos(rectangle<int> const& newRect, bool force) {
             OnChange(this, UpdateLocal);
         }
         sigPosChanged(this);
-    } else if (IsFullRepainted() && IsScrollableOnSetPos()) {
+    } else if (!loose && IsFullRepainted() && IsScrollableOnSetPos()) {
         ScrollOnSetPos(this, newRect, old, GetDrawBounds());
         m_validRect = m_bounds;
+    }
+
+    rectangle<int> newPlace;
+    bool const isDrawn = m_parent && GetExtent(this, newPlace, false);
+    if (newRect != old && (loose || (isDrawn && newPlace != m_bounds))) {
+        if (wasDrawn) RepaintPlace(m_parent, oldPlace);
+        if (isDrawn) RepaintPlace(m_parent, newPlace);
     }
 
     if (m_validRect.Width() <= 0 || m_validRect.Height() <= 0 || m_bounds.left != old.left ||
@@ -315,8 +380,13 @@ void CVisualElement::ReParent(CVisualElement* newParent, bool rearrange) {
     }
     CVisualElement* const oldParent = m_parent;
     bool const relayout = rearrange && m_visible && m_alignment != AlignNone;
+    // An undocked element is placed by nobody: the parent it leaves repaints where it was, and it paints
+    // itself where it comes.
+    rectangle<int> place;
     if (oldParent) {
         if (relayout) OnRearrange(this);
+        if (rearrange && GetExtent(this, place, false) && (!relayout || place != m_bounds))
+            RepaintPlace(oldParent, place);
         oldParent->m_children->RemoveItem(this);
     }
     if (newParent) newParent->m_children->AddItem(this);
@@ -328,6 +398,8 @@ void CVisualElement::ReParent(CVisualElement* newParent, bool rearrange) {
         SetFont(newParent->m_font);
         newParent->AddNewChild(this);
         if (relayout) OnRearrange(this);
+        if (rearrange && GetExtent(this, place, false) && (!relayout || place != m_bounds))
+            RepaintPlace(newParent, place);
     }
     ChangeParent(oldParent);
 }
@@ -393,11 +465,17 @@ CVisualElement* CVisualElement::FindVisualElement(unsigned long const& id, bool 
 
 void CVisualElement::SetVisible(bool visible) {
     if (visible == m_visible) return;
+    // Docking covers the strip of a docked element; an undocked element, or children drawn outside their
+    // parent, leave or take a place that its parent repaints.
+    rectangle<int> place;
+    bool const drawn = m_parent && GetExtent(this, place, true);
     m_visible = visible;
     sigVisibleChanged(this, visible);
     ProcessSetVisible(visible);
     SetParentVisible(visible);
+    // An undocked element takes no part in the docking: its parent repaints, shown or hidden.
     if (m_alignment != AlignNone) OnRearrange(this);
+    if (drawn && (m_alignment == AlignNone || place != m_bounds)) RepaintPlace(m_parent, place);
 }
 
 void CVisualElement::SetParentVisible(bool visible) {
@@ -501,6 +579,7 @@ void CVisualElement::Update(UpdateType type) {
 
 void CVisualElement::OnChange(CVisualElement* sender, UpdateType type) {
     if (!sender) return;
+    CVisualElement* const origin = sender;
     Invalidate();
     if (BeforeProcessChange(sender, type)) ProcessChange(&sender);
     if (sender) {
@@ -510,7 +589,13 @@ void CVisualElement::OnChange(CVisualElement* sender, UpdateType type) {
         for (CVisualElement* e = parent; e && sender; e = e->m_parent)
             if (e->BeforeProcessChange(sender, type)) e->ProcessChange(&sender);
     }
-    if (m_control && sender) m_control->UpdateElement(sender, type);
+    if (!m_control) return;
+    // Ancestors may claim a repaint, but the element that leaves is the one the control must forget,
+    // whatever they answered: a claimed notice would leave its pointers on an element outside the tree.
+    if (type & UpdateLeaving)
+        m_control->UpdateElement(origin, type);
+    else if (sender)
+        m_control->UpdateElement(sender, type);
 }
 
 void CVisualElement::OnRearrange(CVisualElement* sender) {
@@ -748,6 +833,33 @@ void ApplyDPIScale(rectangle<int>& value) {
     ApplyDPIScale(value.bottom);
 }
 
+bool IsOverlapped(CVisualElement const* element, rectangle<int> const& rect) {
+    std::vector<CVisualElement*> above;
+    AddOverlapping(const_cast<CVisualElement*>(element), rect, above);
+    return !above.empty();
+}
+
+void AddOverlapping(CVisualElement* element, rectangle<int> const& rect, std::vector<CVisualElement*>& out) {
+    // The places drawn so far, in the coordinates of the current parent: the element's, then those of
+    // every later sibling drawn over them, level by level up to the root.
+    std::vector<rectangle<int>> drawn{rect};
+    for (CVisualElement* node = element; CVisualElement* const parent = node->GetParent(); node = parent) {
+        IChildren* const children = parent->GetChildren();
+        for (int i = children->GetIndex(node) + 1; i < children->GetCount(); ++i) {
+            CVisualElement* const sibling = children->GetItem(i);
+            rectangle<int> b;
+            if (!GetExtent(sibling, b, false)) continue;
+            if (std::any_of(drawn.begin(), drawn.end(),
+                            [&](rectangle<int> const& d) { return Overlap(b, d); })) {
+                out.push_back(sibling);
+                drawn.push_back(b);
+            }
+        }
+        for (rectangle<int>& d : drawn)
+            Shift(d, parent->GetPosition().left, parent->GetPosition().top);
+    }
+}
+
 bool IsAncestor(CVisualElement const* element, CVisualElement const* ancestor) {
     if (!element || !ancestor) return false;
     for (CVisualElement const* e = element; e; e = e->GetParent())
@@ -762,6 +874,11 @@ void ScrollOnSetPos(CVisualElement* element, rectangle<int> const& newRect, rect
     if (!parent || !control || !element->IsDisplayable()) return;
     int const dx = newRect.left - oldRect.left, dy = newRect.top - oldRect.top;
     if (dx == 0 && dy == 0) return;
+    // The window's pixels there show the later sibling on top too: they cannot move with the element.
+    if (IsOverlapped(element, oldRect) || IsOverlapped(element, newRect)) {
+        element->OnChange(element, UpdateLocal);
+        return;
+    }
     rectangle<int> source;
     if (drawBounds.IsAllZero()) {
         // The old place, less what would land outside the new one.

@@ -12,6 +12,7 @@
 #include <mirel7/types.h>
 
 #include <string>
+#include <vector>
 
 namespace mirel7 {
 class IPopupMenu;
@@ -350,7 +351,19 @@ MIRELFRW7_API bool IsAncestor(CVisualElement const* element, CVisualElement cons
 MIRELFRW7_API bool CanHaveFocus(CVisualElement const* element);
 // Puts the element's text on the clipboard; false when it had none.
 MIRELFRW7_API bool CopyToClipboard(CVisualElement const* element);
-// Moves pixels instead of repainting when an element only moved.
+// True when a full paint draws the element: it and every ancestor are visible and have an area.
+MIRELFRW7_API bool IsDrawn(CVisualElement const* element);
+// The rectangle, in the parent's coordinates, that the element and its children draw on: more than its own
+// when children lie outside it. False when it draws nothing; `shown` counts the element visible.
+MIRELFRW7_API bool GetExtent(CVisualElement const* element, rectangle<int>& extent, bool shown);
+// The visible later siblings of `element` and of each of its ancestors that are drawn over `rect` (in the
+// parent's coordinates), or over a sibling found so before them, each with its extent, in drawing order: what
+// must be drawn again after the element repaints there, for the screen to show what a full repaint shows.
+MIRELFRW7_API void AddOverlapping(CVisualElement* element, rectangle<int> const& rect,
+                                  std::vector<CVisualElement*>& out);
+MIRELFRW7_API bool IsOverlapped(CVisualElement const* element, rectangle<int> const& rect);
+// Moves pixels instead of repainting when an element only moved; an element under a later sibling there
+// repaints instead.
 MIRELFRW7_API void ScrollOnSetPos(CVisualElement* element, rectangle<int> const& newRect,
                                   rectangle<int> const& oldRect, rectangle<int> const& drawBounds);
 

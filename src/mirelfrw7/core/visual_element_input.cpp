@@ -1,6 +1,7 @@
 // The input half of CVisualElement: how mouse, wheel, keyboard, tooltip, context-menu and focus events run
 // down and up the tree once the control has delivered them.
 #include <mirelfrw7/core/control.h>
+#include <mirelfrw7/core/life_guard.h>
 #include <mirelfrw7/core/visual_element.h>
 
 #include <mirel7/popup_menu.h>
@@ -82,15 +83,20 @@ bool CVisualElement::ProcessButtonUp(int x, int y, int flags, MouseButton button
     bool const handled = DeliverToChild(m_children, x, y, [&](CVisualElement* child, int cx, int cy) {
         return child->ProcessButtonUp(cx, cy, flags, button);
     });
-    if (m_pressed) sigClick(this, x, y, flags, button);
-    sigButtonUp(this, x, y, flags, button);
+    // The end of a gesture is where an application deletes what was clicked: after every call out the
+    // element may be gone, and then nothing of it is touched.
+    CLifeGuard self(this);
+    bool const pressed = m_pressed;
+    if (pressed) sigClick(this, x, y, flags, button);
+    if (self) sigButtonUp(this, x, y, flags, button);
+    if (!self) return handled;
     if (handled) {
         m_pressed = false;
         return true;
     }
-    if (m_pressed) HandleClick(x, y, flags, button);
-    bool const result = HandleButtonUp(x, y, flags, button);
-    m_pressed = false;
+    if (pressed) HandleClick(x, y, flags, button);
+    bool const result = self && HandleButtonUp(x, y, flags, button);
+    if (self) m_pressed = false;
     return result;
 }
 
@@ -158,6 +164,37 @@ void CVisualElement::ProcessChildrenMouseLeave(CVisualElement* next) {
 
 // --- Keyboard ---------------------------------------------------------------------------------------------
 
+namespace {
+// The elements that handed the key now on its way to their delegates, innermost first, on the stack of
+// the dispatch. A key climbing from a delegate stops below any of them, since each goes on with the key
+// itself once its delegate returns; and an element on the way is never handed the key again. So a delegate
+// anywhere in the tree, even one moved out of the delegating element, sees a key once.
+struct SDelegation {
+    CVisualElement* element;
+    SDelegation* outer;
+};
+thread_local SDelegation* t_delegations = nullptr;
+
+bool IsDelegating(CVisualElement const* element) {
+    for (SDelegation const* d = t_delegations; d; d = d->outer)
+        if (d->element == element) return true;
+    return false;
+}
+
+class CDelegationScope {
+public:
+    explicit CDelegationScope(CVisualElement* element) : m_record{element, t_delegations} {
+        t_delegations = &m_record;
+    }
+    ~CDelegationScope() { t_delegations = m_record.outer; }
+    CDelegationScope(CDelegationScope const&) = delete;
+    CDelegationScope& operator=(CDelegationScope const&) = delete;
+
+private:
+    SDelegation m_record;
+};
+} // namespace
+
 // The key goes to the focus delegate first, then this element, then up the parents: a parent's signal sees
 // every key, its handler only keys nobody took. The call up always runs, handled or not.
 template <class Signal, class Delegate, class Handle, class Parent>
@@ -166,11 +203,14 @@ static bool BubbleKey(CVisualElement* self, bool enabled, bool bubbling, Signal 
     if (!enabled) return false;
     bool handled = bubbling;
     CVisualElement* const delegate = self->GetFocusDelegate();
-    if (!bubbling && delegate) handled = toDelegate(delegate);
+    if (!bubbling && delegate && delegate != self && !IsDelegating(delegate)) {
+        CDelegationScope scope(self);
+        handled = toDelegate(delegate);
+    }
     emit();
     if (!handled) handled = handle();
     CVisualElement* const parent = self->GetParent();
-    if (!parent || parent->GetFocusDelegate() == self) return handled;
+    if (!parent || parent->GetFocusDelegate() == self || IsDelegating(parent)) return handled;
     bool const parentHandled = toParent(parent, handled);
     return handled || parentHandled;
 }

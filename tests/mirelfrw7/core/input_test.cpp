@@ -113,6 +113,18 @@ TEST_F(Input, AFocusDelegateSeesTheKeyOnce) {
               (Journal{"B:sigKeyDown 88", "B:HandleKeyDown 88", "A:sigKeyDown 88", "A:HandleKeyDown 88"}));
 }
 
+// A focus delegate that is not a direct child: the key climbs from the delegate to the delegating element,
+// which goes on with it itself, instead of handing it down again.
+TEST_F(Input, AKeyIsHandedToADelegateBelowAChildOnlyOnce) {
+    CProbe inner(&b, journal, "I");
+    Only({"sigKeyDown", "HandleKeyDown"});
+    a.SetFocusDelegate(&inner);
+    f.Imp()->SetFocusedElement(&a, false);
+    f.window->InjectKeyDown('X');
+    EXPECT_EQ(journal, (Journal{"I:sigKeyDown 88", "I:HandleKeyDown 88", "B:sigKeyDown 88",
+                                "B:HandleKeyDown 88", "A:sigKeyDown 88", "A:HandleKeyDown 88"}));
+}
+
 TEST_F(Input, SetFocusedElementReadsTheFocusAgainAfterTheLostFocusHandlers) {
     Only({"sigGetFocus", "sigLostFocus", "HandleGetFocus", "HandleLostFocus"});
     f.Imp()->SetFocusedElement(&a, false);
@@ -282,6 +294,32 @@ TEST_F(Drag, AnAcceptedDropEndsWithDropDoneThenDragFinished) {
     EXPECT_FALSE(Dragging());
     EXPECT_FALSE(f.window->HasCapture());
     EXPECT_NE(f.Imp()->GetMouseFlags() & CBaseControlImp::DragBufferDrop, 0);
+}
+
+// Deletes the element whose signal it is on.
+struct CDeleter : tarnkit2::subscriber_base_t {
+    void Delete(CVisualElement* e, int, int, int, mirel7::MouseButton) { delete e; }
+};
+
+TEST_F(Drag, TheDraggedElementMayDieWhileTheButtonComesUp) {
+    for (bool onClick : {true, false}) {
+        auto* dragged = new CProbe(&a, journal, "D");
+        dragged->SetPos({10, 50, 60, 70}, false);
+        dragged->startDrag = dragged->acceptDrop = true;
+        dragged->filter = {"HandleDropDone", "HandleDragFinished"};
+        CDeleter deleter;
+        (onClick ? dragged->sigClick : dragged->sigButtonUp).connect(&deleter, &CDeleter::Delete);
+        f.window->InjectButtonUp(30, 30);
+        f.window->InjectMouseMove(30, 70);
+        f.window->InjectButtonDown(30, 70);
+        f.window->InjectMouseMove(40, 75);
+        ASSERT_TRUE(Dragging());
+        journal.clear();
+        f.window->InjectButtonUp(40, 75);
+        EXPECT_FALSE(Dragging());
+        EXPECT_FALSE(f.window->HasCapture());
+        EXPECT_EQ(journal, Journal{}) << "a drag without its source drops nothing";
+    }
 }
 
 TEST_F(Drag, ARefusedDropFinishesOnNothingWithTheNoDropCursor) {

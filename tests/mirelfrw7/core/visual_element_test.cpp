@@ -62,6 +62,18 @@ TEST_F(Docking, OverflowCollapsesLaterStripsIntoInvertedRectanglesThatAreNeither
     EXPECT_EQ(b.paints, 1);
 }
 
+TEST_F(Docking, AQueuedRearrangementOfAnOverflowedStripKeepsItInverted) {
+    CFilledElement a(f.Root(), {120, 0}, AlignLeft), b(f.Root(), {120, 0}, AlignLeft),
+        c(f.Root(), {120, 0}, AlignLeft);
+    CFilledElement inner(&c, {5, 0}, AlignLeft);
+    Arrange();
+    f.Paint();
+    inner.SetWidth(6, false);
+    f.Paint();
+    EXPECT_EQ(c.GetPosition(), (R{200, 0, 199, 99})) << "as a full layout places it";
+    EXPECT_EQ(c.paints, 0);
+}
+
 TEST_F(Docking, ZeroWidthStripsTakeOneColumnAndOnlyTheLastClientIsPlaced) {
     CFilledElement thin(f.Root(), {0, 0}, AlignLeft), next(f.Root(), {10, 0}, AlignLeft);
     CFilledElement first(f.Root(), {0, 0}, AlignClient), last(f.Root(), {0, 0}, AlignClient);
@@ -162,16 +174,21 @@ TEST(ScrollOnSetPos, MovesTheOldPixelsInsteadOfRepainting) {
     parent.SetControl(nullptr);
 }
 
-TEST(ScrollOnSetPos, AMovedElementScrollsThroughTheWindow) {
-    CControlFixture f;
-    CFilledElement floating(f.Root(), {0, 0}, AlignNone);
-    f.control->Rearrange();
-    floating.SetPos({10, 10, 50, 30}, false);
-    f.Paint();
-    f.Recorder()->Clear();
-    floating.SetPos({20, 15, 60, 35}, false);
-    EXPECT_EQ(f.Recorder()->Lines({"ScrollBuffer"}),
-              (std::vector<std::string>{"ScrollBuffer 10,5 10,10,50,30"}));
+// A strip docked to the far edge moves with it when the window grows: its pixels move through the window,
+// and it is no longer known to be correct where it stands, whichever way it moved.
+TEST(ScrollOnSetPos, AStripMovedByAResizeScrollsThroughTheWindowAndIsInvalid) {
+    for (bool vertical : {false, true}) {
+        CControlFixture f;
+        CFilledElement strip(f.Root(), {20, 20}, vertical ? AlignBottom : AlignRight);
+        f.control->Rearrange();
+        f.Paint();
+        f.Recorder()->Clear();
+        f.window->InjectResize(vertical ? 200 : 220, vertical ? 120 : 100);
+        EXPECT_EQ(f.Recorder()->Lines({"ScrollBuffer"}),
+                  (std::vector<std::string>{vertical ? "ScrollBuffer 0,20 0,79,199,99"
+                                                     : "ScrollBuffer 20,0 179,0,199,99"}));
+        EXPECT_EQ(strip.GetValidRect(), (R{})) << (vertical ? "moved down" : "moved right");
+    }
 }
 
 struct UpdateProtocol : testing::Test {
@@ -259,6 +276,33 @@ TEST(UpdateProtocolClaims, AnAncestorMayReplaceOrClearTheSender) {
     EXPECT_EQ(f.Imp()->GetUpdates().GetCount(), 0);
 }
 
+// The claim of an ancestor covers repaints, never the notice that an element leaves: every element of a
+// subtree that leaves, deleted or detached, is forgotten by the control itself.
+TEST(UpdateProtocolClaims, TheLeavingOfEveryElementReachesTheControlPastAClaimingAncestor) {
+    for (bool detachSubtree : {false, true}) {
+        CControlFixture f;
+        CClaimingElement outer(f.Root(), {0, 0}, AlignClient);
+        CClaimingElement claimer(&outer, {0, 0}, AlignClient);
+        auto* child = new CFilledElement(&claimer, {10, 0}, AlignLeft);
+        child->SetFocusable(true);
+        f.control->Rearrange();
+        f.Paint();
+        f.Imp()->SetFocusedElement(child, false);
+        f.Imp()->SetMouseElement(child);
+        f.Imp()->SetCapture(child);
+        f.Imp()->SetTabHandler(child);
+        claimer.stop = true;
+        if (detachSubtree) claimer.ReParent(nullptr, true);
+        delete child;
+        EXPECT_EQ(f.Imp()->GetFocusedElement(), nullptr);
+        EXPECT_EQ(f.Imp()->GetFocussingElement(), nullptr);
+        EXPECT_EQ(f.Imp()->GetMouseElement(), nullptr);
+        EXPECT_EQ(f.Imp()->GetCapture(), nullptr);
+        f.window->InjectKeyDown(mirel7::KeyTab); // follows the tab handler, when one is left
+        f.Paint();
+    }
+}
+
 TEST_F(UpdateProtocol, AnElementUnderAnInvisibleAncestorQueuesNothing) {
     panel.SetVisible(false);
     f.Paint();
@@ -295,6 +339,84 @@ TEST_F(UpdateProtocol, ADeletedElementLeavesEveryListAndPointerOfTheControl) {
     EXPECT_EQ(f.Imp()->GetMouseElement(), nullptr);
     EXPECT_EQ(f.Imp()->GetCapture(), nullptr);
     f.Paint();
+}
+
+// Paints each element of a tree once, then counts the paints that follow.
+struct Repaints : testing::Test {
+    CControlFixture f;
+    CFilledElement client{f.Root(), {0, 0}, AlignClient};
+    void SetUp() override {
+        f.control->Rearrange();
+        f.Paint();
+    }
+    // Paints and answers how often each element was drawn in that paint.
+    std::vector<int> PaintCounts(std::vector<CFilledElement*> const& elements) {
+        std::vector<int> before;
+        for (CFilledElement* e : elements)
+            before.push_back(e->paints);
+        f.Paint();
+        for (std::size_t i = 0; i < elements.size(); ++i)
+            before[i] = elements[i]->paints - before[i];
+        return before;
+    }
+};
+
+TEST_F(Repaints, DeletingAVisibleElementRedocksItsSiblingsAndRepaintsWhereItWas) {
+    auto* strip = new CFilledElement(f.Root(), {30, 0}, AlignLeft);
+    auto* floating = new CFilledElement(&client, {0, 0}, AlignNone);
+    f.control->Rearrange();
+    floating->SetPos({10, 10, 40, 40}, false);
+    f.Paint();
+    delete floating;
+    EXPECT_EQ(PaintCounts({&client}), std::vector<int>{1}) << "the place an undocked element left";
+    delete strip;
+    EXPECT_EQ(PaintCounts({&client}), std::vector<int>{1});
+    EXPECT_EQ(client.GetPosition(), (R{0, 0, 199, 99}));
+}
+
+TEST_F(Repaints, AnUndockedElementRepaintsWhereItWasAndIsAndLaterOverlappingSiblingsStayOnTop) {
+    CFilledElement under(&client, {0, 0}, AlignNone), over(&client, {0, 0}, AlignNone);
+    CFilledElement apart(&client, {0, 0}, AlignNone);
+    under.SetPos({10, 10, 50, 50}, false);
+    over.SetPos({30, 30, 70, 70}, false);
+    apart.SetPos({100, 10, 120, 30}, false);
+    f.Paint();
+    std::vector<CFilledElement*> const all{&client, &under, &over, &apart};
+    under.SetVisible(false);
+    EXPECT_EQ(PaintCounts(all), (std::vector<int>{1, 0, 1, 1}));
+    under.SetVisible(true);
+    EXPECT_EQ(PaintCounts(all), (std::vector<int>{1, 1, 1, 1}));
+    f.Recorder()->Clear();
+    under.SetPos({12, 20, 52, 60}, false);
+    EXPECT_EQ(PaintCounts(all), (std::vector<int>{1, 1, 1, 1})) << "a move of an undocked element";
+    EXPECT_TRUE(f.Recorder()->Lines({"ScrollBuffer"}).empty()) << "nothing of the old place is moved";
+    under.Update(UpdateLocal);
+    EXPECT_EQ(PaintCounts(all), (std::vector<int>{0, 1, 1, 0})) << "the later sibling over it comes again";
+    over.Update(UpdateLocal);
+    EXPECT_EQ(PaintCounts(all), (std::vector<int>{0, 0, 1, 0}));
+}
+
+TEST(EmptyWindow, AWindowWithoutWidthOrHeightPaintsNothingAndAsksForNothing) {
+    for (mirel7::size<int> const empty : {mirel7::size<int>{0, 50}, mirel7::size<int>{50, 0}}) {
+        CControlFixture f(empty);
+        CFilledElement client(f.Root(), {0, 0}, AlignClient);
+        f.Paint();
+        EXPECT_FALSE(f.Paint()) << "an empty window asks for no further paint";
+        EXPECT_EQ(client.paints, 0);
+        f.window->InjectResize(40, 30);
+        f.Paint();
+        EXPECT_EQ(client.GetPosition(), (R{0, 0, 39, 29}));
+        EXPECT_EQ(client.paints, 1);
+        f.window->InjectResize(0, 0);
+        f.Paint();
+        EXPECT_FALSE(f.Paint());
+    }
+}
+
+TEST(ConstructorSize, ANegativeSizeIsClampedAsSetSizeClampsIt) {
+    CControlFixture f;
+    CFilledElement e(f.Root(), {-5, -7}, AlignLeft);
+    EXPECT_EQ(e.GetSize(), (size<int>{0, 0}));
 }
 
 struct Lifecycle : testing::Test {
