@@ -34,8 +34,24 @@ void ElementLifetime(benchmark::State& state) {
         delete e;
     }
     state.counters["bytes"] = benchmark::Counter(double(allocations.Bytes()) / double(state.iterations()));
+    state.counters["sizeof"] = sizeof(CBlock);
 }
 BENCHMARK(ElementLifetime);
+
+// The floor for the line above: a plain object of an element's size, made and freed.
+void PlainNewDelete(benchmark::State& state) {
+    struct SPlain {
+        char bytes[sizeof(CBlock)];
+    };
+    mirel_test::CCountAllocations allocations;
+    for (auto _ : state) {
+        auto* p = new SPlain;
+        benchmark::DoNotOptimize(p);
+        delete p;
+    }
+    state.counters["bytes"] = benchmark::Counter(double(allocations.Bytes()) / double(state.iterations()));
+}
+BENCHMARK(PlainNewDelete);
 
 // A control with `count` leaves docked in rows of ten under strips.
 struct STree {

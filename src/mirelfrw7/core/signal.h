@@ -4,6 +4,7 @@
 
 #include <mirel7/mutex.h>
 
+#include <atomic>
 #include <cstring>
 #include <list>
 #include <type_traits>
@@ -15,13 +16,19 @@ using threading::mutex_t;
 
 class signal_base_t;
 
-// What an object derives from to receive signals. It remembers every connection made to it, one entry per
-// connection, and cuts them all when it dies, so a signal never calls a dead receiver.
+// The receiving side of connections: one back-reference per connection made to a receiver, so that the
+// receiver's death cuts them all and a signal never calls a dead receiver, and the mutex guarding them.
+struct receiver_links_t {
+    std::list<signal_base_t*> signals;
+    mutex_t mutex;
+};
+
+// What an object derives from to receive signals.
 //
 // Lock order. Connecting, disconnecting and destroying a signal take the signal's mutex and then the
-// subscriber's; destroying a subscriber takes its own mutex and then each signal's. The two orders are
-// opposite, so a thread that destroys a subscriber while another connects it to a signal can deadlock.
-// Signals live on the GUI thread, where every mutex is only ever taken recursively by that one thread.
+// receiver's; destroying a receiver takes its own mutex and then each signal's. The two orders are opposite,
+// so a thread that destroys a receiver while another connects it to a signal can deadlock. Signals live on
+// the GUI thread, where every mutex is only ever taken recursively by that one thread.
 class MIRELFRW7_API subscriber_base_t {
 public:
     subscriber_base_t();
@@ -29,11 +36,10 @@ public:
     subscriber_base_t(subscriber_base_t const&) = delete;
     subscriber_base_t& operator=(subscriber_base_t const&) = delete;
 
-private:
-    friend class signal_base_t;
+    receiver_links_t* receiver_links() { return &m_links; }
 
-    std::list<signal_base_t*> m_signals;
-    mutex_t m_mutex;
+private:
+    receiver_links_t m_links;
 };
 
 // A member-function pointer with its type taken away: two machine words on this ABI.
@@ -45,13 +51,13 @@ struct typeless_connection_t {
     }
 };
 
-// One slot of a signal. An entry with a null subscriber is blank: disconnected during an emission and swept
-// when the outermost emission ends.
+// One slot of a signal. An entry with null links is blank: disconnected during an emission and swept when
+// the outermost emission ends.
 struct connection_t {
     using caster_t = void (*)();
 
     void* object = nullptr;
-    subscriber_base_t* subscriber = nullptr;
+    receiver_links_t* subscriber = nullptr;
     typeless_connection_t method{};
     caster_t caster = nullptr;
 
@@ -61,28 +67,46 @@ struct connection_t {
     }
 };
 
+// What a connected signal keeps on the heap. It outlives a signal destroyed during its own emission: the
+// outermost emitting frame frees it. Its mutex guards the connections and, when the signal itself receives
+// from another signal, the back-references of that role too.
+struct signal_state_t : receiver_links_t {
+    std::list<connection_t> connections;
+    // The outermost emission's `alive`; null while no emission runs.
+    bool* active = nullptr;
+    // Whether an entry was blanked during the running emission, so that most emissions skip the sweep.
+    bool hasBlanks = false;
+};
+
 // What an emission keeps on its stack. Nested emissions share the outermost one's `alive`, which the
 // signal's destructor clears, so every level learns that the signal died during a slot.
 struct onstack_signal_state_t {
-    mutex_t* mutex = nullptr;
+    signal_state_t* shared = nullptr;
     bool alive = true;
     bool* alive_ptr = nullptr;
     bool nested = false;
 };
 
-// Everything of a signal that does not depend on its argument types. A signal can itself receive, so that
-// one signal can be connected to another's operator().
-class MIRELFRW7_API signal_base_t : public subscriber_base_t {
+// Everything of a signal that does not depend on its argument types. An element carries some thirty
+// signals and most are never connected, so an unconnected signal is one pointer; its mutex and connection
+// list come with the first connection. A signal can itself receive, so that one signal can be connected to
+// another's operator().
+class MIRELFRW7_API signal_base_t {
 public:
-    signal_base_t();
-    ~signal_base_t() override;
+    signal_base_t() = default;
+    ~signal_base_t();
+    signal_base_t(signal_base_t const&) = delete;
+    signal_base_t& operator=(signal_base_t const&) = delete;
 
     void _insert(connection_t const& c);
     void _erase(connection_t const& c);
     void _erase_all();
-    void on_subscriber_destroy(subscriber_base_t* s);
+    void on_subscriber_destroy(receiver_links_t* s);
 
-    bool is_emitting() const { return m_active != nullptr; }
+    // The books of this signal as a receiver of another signal; makes the shared state.
+    receiver_links_t* receiver_links() { return shared(); }
+
+    bool is_emitting() const;
     // The live connections, blanked ones left out.
     std::size_t connection_count() const;
     // The entries of the list, blanked ones included; blanks exist only while an emission runs.
@@ -91,16 +115,18 @@ public:
 protected:
     // The steps of an emission, inline because every emission runs them.
 
-    // Takes the mutex and sets the emission up; answers false (mutex released) when the signal is dying.
+    // Takes the mutex and sets the emission up; answers false (nothing held) when nothing is connected or
+    // the signal is dying.
     bool pre_call(onstack_signal_state_t& state) const {
-        state.mutex = m_mutex;
-        state.mutex->acquire();
+        state.shared = m_state.load(std::memory_order_acquire);
+        if (!state.shared) return false;
+        state.shared->mutex.acquire();
         state.alive = true;
-        state.nested = m_active != nullptr;
-        if (!state.nested) m_active = &state.alive;
-        state.alive_ptr = m_active;
+        state.nested = state.shared->active != nullptr;
+        if (!state.nested) state.shared->active = &state.alive;
+        state.alive_ptr = state.shared->active;
         if (*state.alive_ptr) return true;
-        state.mutex->release();
+        state.shared->mutex.release();
         return false;
     }
     // After a slot has thrown: answers true when the signal survived the slot, else releases what the
@@ -111,32 +137,30 @@ protected:
         return false;
     }
     // Ends an emission: the outermost level of a live signal sweeps the blanked entries. Releases the mutex.
-    void post_call(onstack_signal_state_t& state) const {
+    static void post_call(onstack_signal_state_t& state) {
+        signal_state_t& shared = *state.shared;
         if (*state.alive_ptr && !state.nested) {
-            m_active = nullptr;
-            if (m_hasBlanks) sweep_blanks();
+            shared.active = nullptr;
+            if (shared.hasBlanks) sweep_blanks(shared);
         }
-        state.mutex->release();
+        shared.mutex.release();
     }
     // Ends an emission whose signal was destroyed by a slot: nothing of the signal may be touched any more.
     static void abandon_call(onstack_signal_state_t& state) {
-        state.mutex->release();
-        if (!state.nested) delete state.mutex;
+        state.shared->mutex.release();
+        if (!state.nested) delete state.shared;
     }
 
-    mutable std::list<connection_t> m_connections;
-    mutable bool* m_active = nullptr;
-    // Whether an entry was blanked during the running emission, so that most emissions skip the sweep.
-    mutable bool m_hasBlanks = false;
-    // On the heap: it must outlive a signal destroyed during its own emission.
-    mutex_t* m_mutex;
-
 private:
-    void sweep_blanks() const;
+    // The shared state, made on first use; two threads connecting at once keep the same one.
+    signal_state_t* shared() const;
+    static void sweep_blanks(signal_state_t& shared);
     // Removes, or blanks during an emission, the connections to `s`.
-    void forget_subscriber(subscriber_base_t* s) const;
-    // Removes the back-reference of one connection to `s` from the subscriber's list.
-    void unlink_from(subscriber_base_t* s) const;
+    static void forget_subscriber(signal_state_t& shared, receiver_links_t* s);
+    // Removes the back-reference of one connection to `s` from the receiver's list.
+    void unlink_from(receiver_links_t* s) const;
+
+    mutable std::atomic<signal_state_t*> m_state{nullptr};
 };
 
 struct dummy_t {};
@@ -194,7 +218,8 @@ public:
         onstack_signal_state_t state;
         if (!pre_call(state)) return;
         try {
-            for (auto it = m_connections.begin(); it != m_connections.end(); ++it) {
+            std::list<connection_t> const& connections = state.shared->connections;
+            for (auto it = connections.begin(); it != connections.end(); ++it) {
                 if (!it->subscriber) continue;
                 reinterpret_cast<caster_fn>(it->caster)(it->object, it->method,
                                                         static_cast<pass_t<A>>(args)...);
@@ -210,12 +235,18 @@ public:
 protected:
     template <class R, class C, class M>
     static connection_t make_connection(R* receiver, M method) {
-        static_assert(std::is_base_of_v<subscriber_base_t, R>, "a receiver derives from subscriber_base_t");
+        static_assert(std::is_base_of_v<subscriber_base_t, R> || std::is_base_of_v<signal_base_t, R>,
+                      "a receiver derives from subscriber_base_t or is a signal");
         static_assert(std::is_base_of_v<C, R>, "the method belongs to the receiver's class");
         using caster_of = typename bound_caster<C, M>::template for_args<A...>;
         caster_fn const caster = &caster_of::caster;
-        return {static_cast<C*>(receiver), static_cast<subscriber_base_t*>(receiver),
-                erase_method_type(method), reinterpret_cast<connection_t::caster_t>(caster)};
+        receiver_links_t* links;
+        if constexpr (std::is_base_of_v<subscriber_base_t, R>)
+            links = static_cast<subscriber_base_t*>(receiver)->receiver_links();
+        else
+            links = static_cast<signal_base_t*>(receiver)->receiver_links();
+        return {static_cast<C*>(receiver), links, erase_method_type(method),
+                reinterpret_cast<connection_t::caster_t>(caster)};
     }
 };
 

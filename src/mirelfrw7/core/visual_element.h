@@ -325,6 +325,7 @@ protected:
     std::string m_helpId;
 
 private:
+    void PrefetchSiblings(int index) const;
     CVisualElement* GetNextTabElementInt(CVisualElement* from, bool enterFrom);
     // The colour of a palette index for this element: its custom palette, else the system palette.
     _color PaletteColor(ISysPalette::SysColor index) const;

@@ -298,6 +298,20 @@ struct Sink : subscriber_base_t {
     signal_t<int>* self = nullptr;
 };
 
+// An element carries thirty signals and most never connect: those must cost one pointer and nothing on the
+// heap, even when emitted or cleared.
+TEST(Signal, AnUnconnectedSignalIsOnePointerAndAllocatesNothing) {
+    static_assert(sizeof(signal_t<int, std::string const&>) == sizeof(void*));
+    mirel_test::CCountAllocations count;
+    {
+        signal_t<int> idle;
+        idle(1);
+        idle._erase_all();
+        EXPECT_EQ(idle.connection_count(), 0u);
+    }
+    EXPECT_EQ(count.Allocations(), 0u);
+}
+
 TEST(Signal, EmissionAllocatesNothing) {
     signal_t<std::string const&> text;
     signal_t<int> numbers;
