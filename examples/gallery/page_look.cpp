@@ -2,6 +2,8 @@
 // shape and style, at the window's scale. The space at the bottom right is kept for pictures and text.
 #include "gallery.h"
 
+#include <mirelfrw7/core/clip_holder.h>
+
 #include <mirel7/border.h>
 #include <mirel7/custom_palette.h>
 #include <mirel7/system.h>
@@ -105,6 +107,23 @@ private:
                 painter->SetDisabled(false);
             }
             y += U(RowHeight);
+        }
+        DrawHeaderStrip(painter, x, y + U(4));
+    }
+
+    // Sections side by side as a header draws them: each 4 pixels wider on either side than its place and
+    // clipped to it, so that only the divider between neighbours shows.
+    void DrawHeaderStrip(IPainter* painter, int x, int y) const {
+        Label(painter, x, y, U(LabelWidth), U(20), "header strip", IPainter::AlignLeft);
+        constexpr IPainter::ControlElement sections[] = {
+            IPainter::ControlHeaderSection, IPainter::ControlHeaderSortUp, IPainter::ControlHeaderSection};
+        constexpr int states[] = {0, IPainter::StateChecked, IPainter::StateHot};
+        int left = x + U(LabelWidth);
+        for (int i = 0; i < 3; ++i) {
+            int const right = left + U(CellWidth * 2) - 1, bottom = y + U(20) - 1;
+            CClipHolder const clip(painter, rectangle<double>(left, y, right, bottom));
+            painter->DrawControlElement(sections[i], left - 4, y, right + 4, bottom, states[i]);
+            left = right + 1;
         }
     }
 

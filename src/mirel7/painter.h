@@ -84,7 +84,9 @@ public:
         ControlUnchecked = 2,
         ControlRadioOn = 3,
         ControlRadioOff = 4,
-        // A header section without a sort arrow, and with one pointing up or down at its right end.
+        // A header section without a sort arrow, and with one pointing up or down at its right end. Its
+        // divider stands 4 pixels in from the right, where it meets the section's edge when a header
+        // widens its sections by 4 pixels on either side to hide their ends.
         ControlHeaderSection = 5,
         ControlHeaderSortUp = 6,
         ControlPushButton = 7,

@@ -184,7 +184,11 @@ void DrawPushButton(cairo_t* cr, SArea const& a, SLook const& k, SState const& s
     if (s.focused) FocusRing(cr, a, 2 * a.line, radius, false, k.accent);
 }
 
-// A header section: a flat band with a hairline under it and one at its right end as the separator.
+// A header section: a flat band with a hairline under it and a divider near its right end. Headers draw
+// their sections 4 pixels wider on either side than they are, to hide the ends; the divider stands that
+// far in, so that it shows at the section's own edge there.
+constexpr double HeaderOverlap = 4;
+
 void DrawHeaderSection(cairo_t* cr, SArea const& a, SLook const& k, SState const& s, int sort) {
     _color const fill = s.pressed   ? MixColors(k.face, k.accent, 0.2)
                         : s.hot     ? MixColors(k.face, k.accent, 0.08)
@@ -195,11 +199,12 @@ void DrawHeaderSection(cairo_t* cr, SArea const& a, SLook const& k, SState const
     cairo_fill(cr);
     Source(cr, k.border);
     cairo_rectangle(cr, a.x, a.y + a.h - a.line, a.w, a.line);
-    cairo_rectangle(cr, a.x + a.w - a.line, a.y, a.line, a.h);
+    double const divider = a.x + a.w - HeaderOverlap - a.line;
+    cairo_rectangle(cr, divider, a.y, a.line, a.h);
     cairo_fill(cr);
     if (sort) {
         double const half = 4 * a.scale;
-        Arrow(cr, a.x + a.w - a.line - 4 * a.scale - half, a.cy(), half, sort > 0 ? Up : Down, true, 0,
+        Arrow(cr, divider - 4 * a.scale - half, a.cy(), half, sort > 0 ? Up : Down, true, 0,
               s.disabled ? k.grey : k.text);
     }
     if (s.focused) FocusRing(cr, a, 2 * a.line, 0, false, k.accent);
