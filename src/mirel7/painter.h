@@ -224,7 +224,9 @@ public:
     // Draws the part (srcX, srcY, width, height) of an XPM image with its top left at (x, y).
     virtual void DrawXPM(XPMImage const& image, double x, double y, int srcX, int srcY, int width,
                          int height) = 0;
-    // Draws a native piece of a control in `state` (the control's native state word).
+    // Draws a native piece of a control over the pixels left..right, top..bottom in `state` (ControlState
+    // bits), in the system palette's colours and at the display scale; greyed by StateDisabled or by the
+    // painter's disabled flag.
     virtual void DrawControlElement(ControlElement element, double left, double top, double right,
                                     double bottom, int state) = 0;
 

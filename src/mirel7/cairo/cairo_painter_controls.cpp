@@ -210,14 +210,15 @@ void DrawHeaderSection(cairo_t* cr, SArea const& a, SLook const& k, SState const
     if (s.focused) FocusRing(cr, a, 2 * a.line, 0, false, k.accent);
 }
 
-void DrawTrack(cairo_t* cr, SArea const& a, SLook const& k, SState const& s) {
-    Source(cr, s.pressed ? MixColors(k.track, k.dark, 0.12) : k.track);
+// The track, darker where it is pressed to page.
+void DrawTrack(cairo_t* cr, SArea const& a, SLook const& k, bool pressed) {
+    Source(cr, pressed ? MixColors(k.track, k.dark, 0.12) : k.track);
     cairo_rectangle(cr, a.x, a.y, a.w, a.h);
     cairo_fill(cr);
 }
 
 void DrawScrollArrow(cairo_t* cr, SArea const& a, SLook const& k, SState const& s, Direction d) {
-    DrawTrack(cr, a, k, SState(0, false));
+    DrawTrack(cr, a, k, false);
     if (s.hot || s.pressed) {
         RoundedPath(cr, a.x + a.line, a.y + a.line, a.w - 2 * a.line, a.h - 2 * a.line, 2 * a.scale);
         Source(cr, MixColors(k.track, k.dark, s.pressed ? 0.3 : 0.15));
@@ -228,7 +229,7 @@ void DrawScrollArrow(cairo_t* cr, SArea const& a, SLook const& k, SState const& 
 }
 
 void DrawThumb(cairo_t* cr, SArea const& a, SLook const& k, SState const& s, bool horizontal) {
-    DrawTrack(cr, a, k, SState(0, false));
+    DrawTrack(cr, a, k, false);
     double const across = 2 * a.scale, along = a.line;
     double const w = a.w - 2 * (horizontal ? along : across), h = a.h - 2 * (horizontal ? across : along);
     RoundedPath(cr, a.x + (a.w - w) / 2, a.y + (a.h - h) / 2, w, h, std::min(w, h) / 2);
@@ -329,7 +330,7 @@ void CCairoPainter::DrawControlElement(ControlElement element, double left, doub
     }
     case ControlScrollTrackHorz:
     case ControlScrollTrackVert:
-        DrawTrack(cr, a, look, s);
+        DrawTrack(cr, a, look, s.pressed);
         break;
     case ControlScrollThumbHorz:
     case ControlScrollThumbVert:
