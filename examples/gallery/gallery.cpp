@@ -30,16 +30,15 @@ public:
     CPageBar(CVisualElement* parent, CGallery& gallery)
         : CVisualElement(parent, {0, 22}, mirelfrw7::AlignTop), m_gallery(gallery) {
         SetBkColor(mirel7::_color(40, 44, 52));
+        mirelfrw7::ApplyDPIScale(m_tabWidth);
     }
-
-    static constexpr int TabWidth = 110;
 
     void DrawContent(mirel7::IPainter* painter) override {
         mirel7::rectangle<int> const b = GetBounds();
         painter->FillRect(b.left, b.top, b.right, b.bottom);
         auto const& pages = Pages();
         for (int i = 0; i < static_cast<int>(pages.size()); ++i) {
-            mirel7::rectangle<double> const tab(i * TabWidth, b.top, (i + 1) * TabWidth - 2, b.bottom);
+            mirel7::rectangle<double> const tab(i * m_tabWidth, b.top, (i + 1) * m_tabWidth - 2, b.bottom);
             bool const current = i == m_gallery.GetPage();
             mirel7::brush fill;
             fill.color = current ? mirel7::_color(86, 156, 214) : mirel7::_color(60, 64, 72);
@@ -52,7 +51,7 @@ public:
     }
 
     bool HandleButtonDown(int x, int, int, mirel7::MouseButton button) override {
-        int const page = x / TabWidth;
+        int const page = x / m_tabWidth;
         if (button != mirel7::ButtonLeft || page >= static_cast<int>(Pages().size())) return false;
         m_gallery.ShowPage(page);
         return true;
@@ -60,6 +59,7 @@ public:
 
 private:
     CGallery& m_gallery;
+    int m_tabWidth = 110;
 };
 
 // Page keys on the root, which sees every key nobody else took.

@@ -1,5 +1,6 @@
 // The gallery shows every finished capability of the framework in a real window; with --screenshot DIR it
-// renders each page into DIR/<page>.png without a display.
+// renders each page into DIR/<page>.png without a display, with --scale S at the display scale S (the
+// window growing with it).
 #include "gallery.h"
 
 #include <mirel7/headless/headless_system.h>
@@ -8,6 +9,7 @@
 #include <mirel7/sdl/sdl_window.h>
 
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
 #include <filesystem>
 #include <memory>
@@ -16,13 +18,16 @@ namespace {
 
 constexpr mirel7::size<int> WindowSize{800, 600};
 
-int WriteScreenshots(std::filesystem::path const& directory) {
+int WriteScreenshots(std::filesystem::path const& directory, double scale) {
     std::error_code error;
     std::filesystem::create_directories(directory, error);
     mirel7::headless::CHeadlessSystem system;
+    system.SetDPIScale(scale);
+    mirel7::size<int> const windowSize{static_cast<int>(WindowSize.cx * scale),
+                                       static_cast<int>(WindowSize.cy * scale)};
     int failures = 0;
     for (int page = 0; page < static_cast<int>(gallery::Pages().size()); ++page) {
-        mirel7::headless::CHeadlessWindow window(system, WindowSize);
+        mirel7::headless::CHeadlessWindow window(system, windowSize);
         {
             gallery::CGallery control(&window, page);
             window.Paint();
@@ -42,9 +47,12 @@ int WriteScreenshots(std::filesystem::path const& directory) {
 } // namespace
 
 int main(int argc, char** argv) {
-    if (argc == 3 && std::strcmp(argv[1], "--screenshot") == 0) return WriteScreenshots(argv[2]);
+    if ((argc == 3 || argc == 5) && std::strcmp(argv[1], "--screenshot") == 0) {
+        double const scale = argc == 5 && std::strcmp(argv[3], "--scale") == 0 ? std::atof(argv[4]) : 1.0;
+        if (scale >= 0.5 && scale <= 4) return WriteScreenshots(argv[2], scale);
+    }
     if (argc != 1) {
-        std::fprintf(stderr, "usage: gallery [--screenshot DIR]\n");
+        std::fprintf(stderr, "usage: gallery [--screenshot DIR [--scale S]], with S from 0.5 to 4\n");
         return 2;
     }
     mirel7::sdl::CSdlSystem system;

@@ -34,4 +34,15 @@ mirel_ptr<ICustomPaletteEx> CreateCustomPalette() {
     return new CCustomPalette;
 }
 
+mirel_ptr<ICustomPaletteEx> CreateCustomPalette(_color const& face) {
+    mirel_ptr<ICustomPaletteEx> palette = CreateCustomPalette();
+    if (face.empty) return palette;
+    _color const white(255, 255, 255), black(0, 0, 0);
+    palette->SetColor(ISysPalette::ColorElementBackground, face);
+    palette->SetColor(ISysPalette::ColorLight, MixColors(face, white, 0.6));
+    palette->SetColor(ISysPalette::ColorShadow, MixColors(face, black, 0.33));
+    palette->SetColor(ISysPalette::ColorDarkShadow, MixColors(face, black, 0.56));
+    return palette;
+}
+
 } // namespace mirel7

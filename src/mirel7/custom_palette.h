@@ -17,5 +17,8 @@ public:
 
 // A new palette that answers the system's colours until it is told otherwise.
 MIREL7_API mirel_ptr<ICustomPaletteEx> CreateCustomPalette();
+// A palette for an element of the background `face`: the face and the shades that a border drawn on it
+// needs (light, shadow, dark shadow) derived from it; the system's colours for the rest.
+MIREL7_API mirel_ptr<ICustomPaletteEx> CreateCustomPalette(_color const& face);
 
 } // namespace mirel7

@@ -2,6 +2,7 @@
 
 #include <mirel7/base.h>
 #include <mirel7/export.h>
+#include <mirel7/palette.h>
 #include <mirel7/raster_picture.h>
 #include <mirel7/types.h>
 
@@ -77,8 +78,46 @@ public:
 
     enum RasterOperation { RopCopy = 0 };
 
-    // Native pieces of controls; the values are those the controls pass.
-    enum ControlElement { ControlChecked = 1, ControlUnchecked = 2 };
+    // Native pieces of controls; the values are those the controls pass. Each fills its rectangle.
+    enum ControlElement {
+        ControlChecked = 1,
+        ControlUnchecked = 2,
+        ControlRadioOn = 3,
+        ControlRadioOff = 4,
+        // A header section without a sort arrow, and with one pointing up or down at its right end. Its
+        // divider stands 4 pixels in from the right, where it meets the section's edge when a header
+        // widens its sections by 4 pixels on either side to hide their ends.
+        ControlHeaderSection = 5,
+        ControlHeaderSortUp = 6,
+        ControlPushButton = 7,
+        ControlHeaderSortDown = 8,
+        // The parts of a scroll bar: the arrow buttons at its ends, the track and the thumb.
+        ControlScrollArrowLeft = 10,
+        ControlScrollArrowRight = 11,
+        ControlScrollArrowUp = 12,
+        ControlScrollArrowDown = 13,
+        ControlScrollTrackHorz = 14,
+        ControlScrollTrackVert = 15,
+        ControlScrollThumbHorz = 16,
+        ControlScrollThumbVert = 17,
+        // The button of a drop-down list.
+        ControlDropDownArrow = 18,
+        // The arrows of a panel that rolls up or down.
+        ControlRollUp = 19,
+        ControlRollDown = 20,
+        // The small cross that closes a tab or a panel.
+        ControlCloseCross = 21,
+    };
+
+    // Bits of the state word of DrawControlElement. Checked latches a push button or marks a header
+    // section as the selected one; check boxes and radio buttons take their mark from the element.
+    enum ControlState {
+        StateDisabled = 1,
+        StateFocused = 2,
+        StateHot = 4,
+        StatePressed = 8,
+        StateChecked = 16,
+    };
 
     // Takes part in DrawStringEx: called before the text is laid out and after it was drawn.
     class MIREL7_API ITextFormatter {
@@ -185,7 +224,9 @@ public:
     // Draws the part (srcX, srcY, width, height) of an XPM image with its top left at (x, y).
     virtual void DrawXPM(XPMImage const& image, double x, double y, int srcX, int srcY, int width,
                          int height) = 0;
-    // Draws a native piece of a control in `state` (the control's native state word).
+    // Draws a native piece of a control over the pixels left..right, top..bottom in `state` (ControlState
+    // bits), in the system palette's colours and at the display scale; greyed by StateDisabled or by the
+    // painter's disabled flag.
     virtual void DrawControlElement(ControlElement element, double left, double top, double right,
                                     double bottom, int state) = 0;
 
@@ -213,6 +254,10 @@ public:
         m_bkPicturePlace = place;
     }
     mirel_ptr<IRasterPicture> GetBackgroundPicture() const { return m_bkPicture; }
+    // The palette that DrawBorder takes its colours from instead of the system's; null for none. Each
+    // paint pass starts without one.
+    void SetCustomPalette(mirel_ptr<ICustomPalette> palette) { m_customPalette = std::move(palette); }
+    ICustomPalette* GetCustomPalette() const { return m_customPalette.get(); }
     _color GetBackgroundColor() const { return m_bkPictureColor; }
     rectangle<int> GetBackgroundPlace() const { return m_bkPicturePlace; }
 
@@ -226,6 +271,7 @@ protected:
     mirel_ptr<IRasterPicture> m_bkPicture;
     _color m_bkPictureColor;
     rectangle<int> m_bkPicturePlace;
+    mirel_ptr<ICustomPalette> m_customPalette;
 };
 
 } // namespace mirel7

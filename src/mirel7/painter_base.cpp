@@ -23,7 +23,10 @@ double CPainterBase::FontPixelSize(font const& f, double dpiScale) {
 }
 
 void CPainterBase::BeginPaint(int settings) {
-    if (m_paintDepth++ == 0) m_passPaints = false;
+    if (m_paintDepth++ == 0) {
+        m_passPaints = false;
+        m_customPalette = nullptr;
+    }
     m_passPaints = m_passPaints || settings != PaintMeasure;
     m_inPaint = true;
 }

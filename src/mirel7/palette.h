@@ -43,6 +43,14 @@ public:
     virtual _color GetColor(ISysPalette::SysColor index) const = 0;
 };
 
+// `from` moved towards `to` by `amount`, 0 keeping `from` and 1 giving `to`, per channel and rounded; opaque.
+inline _color MixColors(_color const& from, _color const& to, double amount) {
+    auto const channel = [amount](std::uint8_t a, std::uint8_t b) {
+        return static_cast<std::uint8_t>(a + (b - a) * amount + 0.5);
+    };
+    return {channel(from.r, to.r), channel(from.g, to.g), channel(from.b, to.b)};
+}
+
 // The palette of the current system; null without one.
 MIREL7_API ISysPalette* GetSysPalette();
 // The built-in light palette, which systems start with.

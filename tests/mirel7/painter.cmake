@@ -1,7 +1,11 @@
 # Test programs of the base layer's painter area, with mirel_test()
 mirel_test(painter_test
-  SOURCES mirel7/coord_mapping_test.cpp mirel7/recording_painter_test.cpp mirel7/text_flow_test.cpp
+  SOURCES mirel7/border_test.cpp mirel7/coord_mapping_test.cpp mirel7/recording_painter_test.cpp
+          mirel7/text_flow_test.cpp
   LABELS unit)
 mirel_test(cairo_painter_test
   SOURCES mirel7/cairo/cairo_painter_test.cpp mirel7/cairo/cairo_text_test.cpp mirel7/cairo/raster_picture_test.cpp
+          mirel7/cairo/control_look_test.cpp
   LABELS unit)
+# The reference pictures of the native look.
+target_compile_definitions(cairo_painter_test PRIVATE MIREL_LOOK_DATA="${CMAKE_CURRENT_SOURCE_DIR}/mirel7/cairo/data")

@@ -1,5 +1,7 @@
 #include "support/pixel_image.h"
 
+#include <mirel7/png_picture.h>
+
 #include <algorithm>
 #include <cstdlib>
 #include <filesystem>
@@ -47,6 +49,15 @@ CPixelImage CPixelImage::Of(mirel7::IWindowPainter& painter) {
                     image.m_pixels.begin() + std::ptrdiff_t(y) * pixels.width);
     painter.EndPixelAccess();
     return image;
+}
+
+CPixelImage CPixelImage::Load(std::string const& path) {
+    mirel7::mirel_ptr<mirel7::IRasterPicture> const picture = mirel7::LoadPngPicture(path);
+    if (!picture) return CPixelImage(0, 0);
+    mirel7::size<int> const size = picture->GetSize();
+    auto painter = mirel7::NewWindowPainter(size, 1.0);
+    painter->DrawRasterPicture(picture.get(), 0, 0, size.cx, size.cy);
+    return Of(*painter);
 }
 
 CPixelImage& CPixelImage::Fill(mirel7::rectangle<int> const& pixels, std::uint32_t word) {

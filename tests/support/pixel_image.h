@@ -17,6 +17,8 @@ class CPixelImage {
 public:
     CPixelImage(int width, int height, std::uint32_t fill = 0);
     static CPixelImage Of(mirel7::IWindowPainter& painter);
+    // The pixels of a PNG file, as the painter would show it over black; an empty image when unreadable.
+    static CPixelImage Load(std::string const& path);
 
     int Width() const { return m_width; }
     int Height() const { return m_height; }

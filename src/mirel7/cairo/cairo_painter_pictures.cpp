@@ -106,33 +106,4 @@ void CCairoPainter::DrawXPM(XPMImage const& /*image*/, double /*x*/, double /*y*
     // XPM images are not decoded yet; drawing one leaves the surface as it was.
 }
 
-void CCairoPainter::DrawControlElement(ControlElement element, double left, double top, double right,
-                                       double bottom, int /*state*/) {
-    if (element != ControlChecked && element != ControlUnchecked) return;
-    rectangle<int> const px = DevicePixels(left, top, right, bottom);
-    double const w = px.Width() + 1, h = px.Height() + 1;
-    bool const disabled = IsDisabled();
-    cairo_t* const cr = m_surface.Context();
-    cairo_save(cr);
-    cairo_set_dash(cr, nullptr, 0, 0);
-    SetSource(cr, disabled ? _color(232, 232, 232) : _color(255, 255, 255));
-    cairo_rectangle(cr, px.left, px.top, w, h);
-    cairo_fill(cr);
-    SetSource(cr, disabled ? _color(160, 160, 160) : _color(96, 96, 96));
-    cairo_set_line_width(cr, 1);
-    cairo_rectangle(cr, px.left + 0.5, px.top + 0.5, w - 1, h - 1);
-    cairo_stroke(cr);
-    if (element == ControlChecked) {
-        SetSource(cr, disabled ? _color(160, 160, 160) : _color(32, 32, 32));
-        cairo_set_line_width(cr, std::max(1.5, w / 8));
-        cairo_set_line_cap(cr, CAIRO_LINE_CAP_ROUND);
-        cairo_set_line_join(cr, CAIRO_LINE_JOIN_ROUND);
-        cairo_move_to(cr, px.left + w * 0.22, px.top + h * 0.5);
-        cairo_line_to(cr, px.left + w * 0.42, px.top + h * 0.72);
-        cairo_line_to(cr, px.left + w * 0.78, px.top + h * 0.28);
-        cairo_stroke(cr);
-    }
-    cairo_restore(cr);
-}
-
 } // namespace mirel7::cairo
