@@ -91,16 +91,21 @@ TEST_F(TimerAnimation, NotUpdatableHoldsTheFrame) {
     EXPECT_EQ(Run(30), (std::vector<long>{0, 210, 230}));
 }
 
-// The last reference may go inside a frame.
+// The last reference may go inside any frame, the first one included.
 TEST_F(TimerAnimation, ProcessReleasedInsideAFrame) {
-    CTimerAnimationProcess* const raw = process.get();
-    updater.onFrame = [&] {
-        if (updater.frames == 2) process.reset();
-    };
-    raw->SetAnimation(animation.get());
-    raw->StartAnimation();
-    Run(100);
-    EXPECT_EQ(updater.frames, 2);
+    for (int releaseAt : {1, 2}) {
+        mirel_ptr<CTimerAnimationProcess> held = new CTimerAnimationProcess;
+        CTimerAnimationProcess* const raw = held.get();
+        updater.frames = 0;
+        updater.onFrame = [&] {
+            if (updater.frames == releaseAt) held.reset();
+        };
+        raw->SetUpdater(&updater);
+        raw->SetAnimation(animation.get());
+        raw->StartAnimation();
+        Run(100);
+        EXPECT_EQ(updater.frames, releaseAt);
+    }
 }
 
 TEST(AnimationProcess, CreateFollowsTheDefaultType) {
