@@ -1,0 +1,187 @@
+#include "mirelfrw7/animation/test_animation.h"
+#include "support/control_fixture.h"
+
+#include <mirelfrw7/animation/image.h>
+#include <mirelfrw7/animation/thread_animation_process.h>
+
+#include <mirel7/runnable_queue.h>
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <chrono>
+#include <string>
+#include <thread>
+#include <vector>
+
+namespace {
+
+using mirel7::mirel_ptr;
+using mirel_test::CTestAnimation;
+using mirel_test::CTestUpdater;
+using mirelfrw7::CThreadAnimationProcess;
+
+// Turns the GUI thread's loop until `done`, for at most a few seconds.
+template <class Done>
+bool PumpUntil(mirel7::CRunnableQueue& queue, Done done) {
+    auto const deadline = std::chrono::steady_clock::now() + std::chrono::seconds(5);
+    while (!done()) {
+        if (std::chrono::steady_clock::now() > deadline) return false;
+        queue.RunPending();
+        std::this_thread::sleep_for(std::chrono::microseconds(200));
+    }
+    return true;
+}
+
+struct ThreadAnimation : ::testing::Test {
+    mirel7::headless::CHeadlessSystem system;
+    mirel7::CRunnableQueue queue;
+    std::vector<std::string> journal;
+    mirel_ptr<CTestAnimation> animation = new CTestAnimation({1}, "a", &journal);
+    mirel_ptr<CThreadAnimationProcess> process = new CThreadAnimationProcess;
+    CTestUpdater updater;
+
+    void SetUp() override { process->SetUpdater(&updater); }
+};
+
+// The frames advance and draw on the GUI thread, in the turns of its loop; after a stop at most the frame
+// already posted comes.
+TEST_F(ThreadAnimation, FramesComeOnTheGUIThread) {
+    std::thread::id const gui = std::this_thread::get_id();
+    bool elsewhere = false;
+    updater.onFrame = [&] { elsewhere = elsewhere || std::this_thread::get_id() != gui; };
+    process->SetProcessSynchronizer(&queue);
+    process->SetAnimation(animation.get());
+    process->StartAnimation();
+    ASSERT_TRUE(PumpUntil(queue, [&] { return updater.frames >= 5; }));
+    process->StopAnimation();
+    EXPECT_FALSE(process->IsAnimated());
+    int const frames = updater.frames;
+    queue.RunPending();
+    EXPECT_LE(updater.frames, frames + 1);
+    EXPECT_EQ(queue.RunPending(), 0);
+    EXPECT_FALSE(elsewhere);
+    EXPECT_EQ(animation->frame, updater.frames);
+}
+
+// A start waits for both the animation and the synchronizer, in either order; a synchronizer set again on a
+// running process leaves it running, and taking it away stops it.
+TEST_F(ThreadAnimation, StartWaitsForAnimationAndSynchronizer) {
+    struct Step {
+        char what; // 'a' animation, 's' synchronizer, '0' no synchronizer, 'g' start, 'x' stop
+        bool animated;
+    };
+    std::vector<std::vector<Step>> const scripts = {
+        {{'g', false}, {'a', false}, {'s', true}},
+        {{'s', false}, {'g', false}, {'a', true}},
+        {{'a', false}, {'s', false}, {'g', true}, {'s', true}, {'0', false}, {'s', false}},
+        {{'a', false}, {'s', false}, {'g', true}, {'x', false}, {'a', false}, {'g', true}},
+    };
+    for (auto const& script : scripts) {
+        mirel_ptr<CThreadAnimationProcess> const p = new CThreadAnimationProcess;
+        for (Step const& step : script) {
+            switch (step.what) {
+            case 'a':
+                p->SetAnimation(animation.get());
+                break;
+            case 's':
+                p->SetProcessSynchronizer(&queue);
+                break;
+            case '0':
+                p->SetProcessSynchronizer(nullptr);
+                break;
+            case 'g':
+                p->StartAnimation();
+                break;
+            case 'x':
+                p->StopAnimation();
+                break;
+            }
+            EXPECT_EQ(p->IsAnimated(), step.animated) << step.what;
+        }
+        p->StopAnimation();
+        queue.RunPending();
+    }
+}
+
+// Starts and stops from the GUI thread, some of them inside frames, while the worker posts as fast as it
+// can: every frame is made on the GUI thread and none after the last stop.
+TEST_F(ThreadAnimation, StartStopStorm) {
+    mirel_ptr<CTestAnimation> const fast = new CTestAnimation({0}, "f", nullptr);
+    updater.onFrame = [&] {
+        if (updater.frames % 7 == 0) process->StopAnimation();
+        if (updater.frames % 11 == 0) process->StartAnimation();
+    };
+    process->SetProcessSynchronizer(&queue);
+    process->SetAnimation(fast.get());
+    for (int i = 0; i < 200; ++i) {
+        process->StartAnimation();
+        queue.RunPending();
+        if (i % 3 == 0) process->StopAnimation();
+        queue.RunPending();
+    }
+    process->StopAnimation();
+    queue.RunPending();
+    int const frames = updater.frames;
+    EXPECT_EQ(queue.RunPending(), 0);
+    EXPECT_EQ(fast->frame, frames);
+}
+
+struct ThreadImage : ::testing::Test {
+    ThreadImage() { mirelfrw7::SetDefAnimationProcess(mirelfrw7::AnimationProcessThread); }
+    ~ThreadImage() override { mirelfrw7::SetDefAnimationProcess(mirelfrw7::AnimationProcessTimer); }
+
+    // Starts the image's animation and lets the worker post frames that nobody runs yet.
+    void StartWithFramesInFlight() {
+        image->SetAnimation(animation);
+        image->StartAnimation();
+        ASSERT_TRUE(image->IsAnimated());
+        std::this_thread::sleep_for(std::chrono::milliseconds(20));
+    }
+    int Pump() { return fixture.window->RunPending(); }
+    bool FramesAfter(std::string const& death) const {
+        auto const at = std::find(journal.begin(), journal.end(), death);
+        return std::any_of(at, journal.end(), [](std::string const& line) { return line.starts_with("a "); });
+    }
+
+    // Before the fixture: the animation writes to it while the tree dies.
+    std::vector<std::string> journal;
+    mirel_test::CControlFixture fixture;
+    mirel_ptr<CTestAnimation> animation = new CTestAnimation({1}, "a", &journal);
+    mirelfrw7::CImage* image = new mirelfrw7::CImage(fixture.Root(), {32, 32}, mirelfrw7::AlignLeft);
+};
+
+TEST_F(ThreadImage, DestroyingTheImageDropsItsFrames) {
+    StartWithFramesInFlight();
+    delete image;
+    journal.push_back("image dies");
+    Pump();
+    EXPECT_FALSE(FramesAfter("image dies"));
+}
+
+TEST_F(ThreadImage, ClosingTheWindowStopsTheAnimation) {
+    StartWithFramesInFlight();
+    fixture.window->InjectDestroy();
+    journal.push_back("window closes");
+    EXPECT_FALSE(image->IsAnimated());
+    Pump();
+    EXPECT_FALSE(FramesAfter("window closes"));
+}
+
+TEST_F(ThreadImage, FramesRepaintTheImage) {
+    int updates = 0;
+    struct Receiver : tarnkit2::subscriber_base_t {
+        int* count;
+        void Updated(mirelfrw7::CImage*) { ++*count; }
+    } receiver;
+    receiver.count = &updates;
+    image->sigAnimationUpdated.connect(&receiver, &Receiver::Updated);
+    StartWithFramesInFlight();
+    fixture.Paint();
+    Pump();
+    EXPECT_GT(updates, 0);
+    EXPECT_EQ(updates, animation->frame);
+    EXPECT_TRUE(fixture.window->IsPaintPending());
+}
+
+} // namespace
