@@ -300,6 +300,17 @@ void CBaseControlImp::ForgetElement(CVisualElement* element) {
         if (*pointer == element) *pointer = nullptr;
 }
 
+std::vector<CVisualElement*> CBaseControlImp::GetHeldElements() const {
+    std::vector<CVisualElement*> held;
+    for (CVisualElement* e : {m_capture, m_mouseElement, m_draggedElement, m_dragTarget, m_focused,
+                              m_focussing, m_tabHandler, m_clickedElement})
+        if (e) held.push_back(e);
+    for (CElementList const* list : {&m_updates, &m_rearranges})
+        for (int i = 0; i < list->GetCount(); ++i)
+            if (CVisualElement* const e = const_cast<CElementList*>(list)->GetItem(i)) held.push_back(e);
+    return held;
+}
+
 void CBaseControlImp::RearrangeElement(CVisualElement* element) {
     if (!GetWindow() || !element) return;
     if (CVisualElement* const parent = element->GetParent()) {

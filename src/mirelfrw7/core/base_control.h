@@ -97,6 +97,9 @@ public:
     bool IsFullRepaintPending() const { return m_fullRepaint; }
     CElementList const& GetUpdates() const { return m_updates; }
     CElementList const& GetRearranges() const { return m_rearranges; }
+    // Every element the control points at or has queued, nulls left out: for tests that check it names
+    // only live elements of its own tree.
+    std::vector<CVisualElement*> GetHeldElements() const;
 
 private:
     // The whole client area: repaints are never partial at the window's level, the partial work is the list.

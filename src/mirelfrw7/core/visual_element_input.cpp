@@ -173,24 +173,28 @@ struct SDelegation {
     CVisualElement* element;
     SDelegation* outer;
 };
-thread_local SDelegation* t_delegations = nullptr;
+// One chain for keys, one for the focus handed down a chain of delegates, which may loop.
+thread_local SDelegation* t_keyDelegations = nullptr;
+thread_local SDelegation* t_focusDelegations = nullptr;
 
-bool IsDelegating(CVisualElement const* element) {
-    for (SDelegation const* d = t_delegations; d; d = d->outer)
+bool IsDelegating(SDelegation const* innermost, CVisualElement const* element) {
+    for (SDelegation const* d = innermost; d; d = d->outer)
         if (d->element == element) return true;
     return false;
 }
 
 class CDelegationScope {
 public:
-    explicit CDelegationScope(CVisualElement* element) : m_record{element, t_delegations} {
-        t_delegations = &m_record;
+    CDelegationScope(SDelegation*& innermost, CVisualElement* element)
+        : m_innermost(innermost), m_record{element, innermost} {
+        m_innermost = &m_record;
     }
-    ~CDelegationScope() { t_delegations = m_record.outer; }
+    ~CDelegationScope() { m_innermost = m_record.outer; }
     CDelegationScope(CDelegationScope const&) = delete;
     CDelegationScope& operator=(CDelegationScope const&) = delete;
 
 private:
+    SDelegation*& m_innermost;
     SDelegation m_record;
 };
 } // namespace
@@ -203,14 +207,15 @@ static bool BubbleKey(CVisualElement* self, bool enabled, bool bubbling, Signal 
     if (!enabled) return false;
     bool handled = bubbling;
     CVisualElement* const delegate = self->GetFocusDelegate();
-    if (!bubbling && delegate && delegate != self && !IsDelegating(delegate)) {
-        CDelegationScope scope(self);
+    if (!bubbling && delegate && delegate != self && !IsDelegating(t_keyDelegations, delegate)) {
+        CDelegationScope scope(t_keyDelegations, self);
         handled = toDelegate(delegate);
     }
     emit();
     if (!handled) handled = handle();
     CVisualElement* const parent = self->GetParent();
-    if (!parent || parent->GetFocusDelegate() == self || IsDelegating(parent)) return handled;
+    if (!parent || parent->GetFocusDelegate() == self || IsDelegating(t_keyDelegations, parent))
+        return handled;
     bool const parentHandled = toParent(parent, handled);
     return handled || parentHandled;
 }
@@ -447,7 +452,12 @@ bool CVisualElement::HandleContextMenu(int, int) {
 }
 
 void CVisualElement::HandleGetFocus(CVisualElement* previous, bool direct) {
-    if (!direct && m_focusDelegate) m_focusDelegate->HandleGetFocus(previous, false);
+    // Delegates that lead back to an element on the way would pass the focus round for ever.
+    if (direct || !m_focusDelegate || m_focusDelegate == this ||
+        IsDelegating(t_focusDelegations, m_focusDelegate))
+        return;
+    CDelegationScope scope(t_focusDelegations, this);
+    m_focusDelegate->HandleGetFocus(previous, false);
 }
 
 void CVisualElement::HandleLostFocus(CVisualElement*) {}

@@ -1,0 +1,36 @@
+#include "support/storm.h"
+#include "support/test_elements.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+
+namespace {
+
+using namespace mirelfrw7;
+
+// The plain brick of the element core: filled elements of every alignment and size, some focusable.
+CVisualElement* MakeFilled(CVisualElement* parent, std::mt19937& random) {
+    auto const draw = [&](int low, int high) {
+        return std::uniform_int_distribution<int>(low, high)(random);
+    };
+    auto* e = new mirel_test::CFilledElement(parent, {draw(0, 30), draw(0, 30)},
+                                             static_cast<Alignment>(draw(AlignNone, AlignClient)));
+    if (e->GetAlignment() == AlignNone) {
+        int const left = draw(-5, 50), top = draw(-5, 40);
+        e->SetPos({left, top, left + draw(0, 30), top + draw(0, 30)}, false);
+    }
+    e->SetBkColor(
+        mirel7::_color(std::uint8_t(draw(0, 255)), std::uint8_t(draw(0, 255)), std::uint8_t(draw(0, 255))));
+    e->SetFocusable(draw(0, 2) == 0);
+    return e;
+}
+
+TEST(Storm, TheElementCoreSurvivesRandomInputAndTreeChanges) {
+    long const actions = mirel_test::StormActions(20000, 100000);
+    char const* const seeds = std::getenv("MIREL_STORM_SEEDS");
+    for (unsigned seed = 1; seed <= unsigned(seeds ? std::atoi(seeds) : 1); ++seed)
+        EXPECT_TRUE(mirel_test::SurvivesStorm(MakeFilled, seed, actions));
+}
+
+} // namespace
