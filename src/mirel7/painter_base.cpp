@@ -1,5 +1,7 @@
 #include <mirel7/painter_base.h>
 
+#include <algorithm>
+#include <climits>
 #include <cmath>
 
 namespace mirel7 {
@@ -7,9 +9,11 @@ namespace mirel7 {
 namespace {
 
 // Mapped coordinates come out of a multiplication and a division; a hair of tolerance keeps 2.9999999 on
-// pixel 3.
+// pixel 3. Coordinates may also lie past the range of int: the pixel stops at its end.
 int PixelOf(double v) {
-    return static_cast<int>(std::floor(v + 1e-7));
+    double const pixel = std::floor(v + 1e-7);
+    if (std::isnan(pixel)) return 0;
+    return static_cast<int>(std::clamp(pixel, double(INT_MIN), double(INT_MAX)));
 }
 
 } // namespace
