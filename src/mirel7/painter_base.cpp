@@ -23,7 +23,11 @@ CPainterBase::CPainterBase(size<int> const& bufferSize, double dpiScale)
 
 double CPainterBase::FontPixelSize(font const& f, double dpiScale) {
     constexpr double pixelsPerUnit = 1.5;
-    return (f.size > 0 ? f.size : DefaultFontSize) * f.scale * pixelsPerUnit * dpiScale;
+    // The text backend counts sizes in 1/1024 pixel in an int: past about two million pixels its metrics
+    // turn negative. No screen shows a glyph taller than this; a NaN or negative size draws nothing.
+    constexpr double smallest = 0.0, largest = 16384.0;
+    double const size = (f.size > 0 ? f.size : DefaultFontSize) * f.scale * pixelsPerUnit * dpiScale;
+    return std::fmin(std::fmax(size, smallest), largest);
 }
 
 void CPainterBase::BeginPaint(int settings) {
