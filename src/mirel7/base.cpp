@@ -27,10 +27,14 @@ void CBase::operator delete(void* p) noexcept {
 }
 
 int CBase::Release() {
-    if (m_refCount > 0) --m_refCount;
-    int const count = m_refCount;
-    if (count == 0) DeleteBase(this);
-    return count;
+    int count = m_refCount.load(std::memory_order_relaxed);
+    // Acquire and release order: the thread that deletes sees every write made under the other references.
+    while (count > 0 && !m_refCount.compare_exchange_weak(count, count - 1, std::memory_order_acq_rel,
+                                                          std::memory_order_relaxed)) {
+    }
+    int const now = count > 0 ? count - 1 : 0;
+    if (now == 0) DeleteBase(this);
+    return now;
 }
 
 void DeleteBase(CBase* object) {

@@ -2,6 +2,7 @@
 
 #include <mirel7/export.h>
 
+#include <atomic>
 #include <cstddef>
 #include <new>
 #include <type_traits>
@@ -16,6 +17,9 @@ namespace mirel7 {
 // the count. The flag travels from operator new to the constructor through a thread-local, so objects are
 // made safely on worker threads too, as long as allocation and construction happen on the same thread.
 //
+// The count is atomic: a runner's last reference may be dropped on its worker thread while the GUI thread
+// holds another, and whichever thread drops the last one deletes the object.
+//
 // AddRef and Release are deliberately not virtual: interfaces such as ILock have a Release() of their own
 // (unlocking), and mirel_ptr reaches the count through this class explicitly.
 class MIREL7_API CBase {
@@ -29,17 +33,17 @@ public:
     static void* operator new(std::size_t, void* where) noexcept { return where; }
     static void operator delete(void* p) noexcept;
 
-    int AddRef() { return ++m_refCount; }
+    int AddRef() { return m_refCount.fetch_add(1, std::memory_order_relaxed) + 1; }
     // Subtracts one from a count above 0; at 0, before or after, hands the object to DeleteBase and answers
     // the count, so the caller must not touch the object once it answered 0.
     int Release();
 
-    int GetRefCount() const { return m_refCount; }
+    int GetRefCount() const { return m_refCount.load(std::memory_order_relaxed); }
     bool IsDynamic() const { return m_dynamic; }
     void SetDynamic(bool dynamic) { m_dynamic = dynamic; }
 
 private:
-    int m_refCount = 0;
+    std::atomic<int> m_refCount{0};
     bool m_dynamic;
 };
 

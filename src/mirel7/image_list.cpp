@@ -14,7 +14,9 @@ size<int> CImageList::GetImageSize(int index) const {
 void CImageList::Draw(IPainter* painter, int index, int x, int y, int cx, int cy) {
     if (!painter || !IsValid(index)) return;
     int const width = cx > 0 ? cx : m_imageSize.cx, height = cy > 0 ? cy : m_imageSize.cy;
-    painter->DrawRasterPicture(m_images[std::size_t(index)].get(), x, y, x + width, y + height);
+    // The far corner in double: an image may stand at the very end of int.
+    painter->DrawRasterPicture(m_images[std::size_t(index)].get(), x, y, double(x) + width,
+                               double(y) + height);
 }
 
 void CImageList::DrawDisabled(IPainter* painter, int index, int x, int y, int cx, int cy) {

@@ -1,5 +1,7 @@
 #include <mirel7/painter_base.h>
 
+#include <algorithm>
+#include <climits>
 #include <cmath>
 
 namespace mirel7 {
@@ -7,9 +9,11 @@ namespace mirel7 {
 namespace {
 
 // Mapped coordinates come out of a multiplication and a division; a hair of tolerance keeps 2.9999999 on
-// pixel 3.
+// pixel 3. Coordinates may also lie past the range of int: the pixel stops at its end.
 int PixelOf(double v) {
-    return static_cast<int>(std::floor(v + 1e-7));
+    double const pixel = std::floor(v + 1e-7);
+    if (std::isnan(pixel)) return 0;
+    return static_cast<int>(std::clamp(pixel, double(INT_MIN), double(INT_MAX)));
 }
 
 } // namespace
@@ -19,7 +23,11 @@ CPainterBase::CPainterBase(size<int> const& bufferSize, double dpiScale)
 
 double CPainterBase::FontPixelSize(font const& f, double dpiScale) {
     constexpr double pixelsPerUnit = 1.5;
-    return (f.size > 0 ? f.size : DefaultFontSize) * f.scale * pixelsPerUnit * dpiScale;
+    // The text backend counts sizes in 1/1024 pixel in an int: past about two million pixels its metrics
+    // turn negative. No screen shows a glyph taller than this; a NaN or negative size draws nothing.
+    constexpr double smallest = 0.0, largest = 16384.0;
+    double const size = (f.size > 0 ? f.size : DefaultFontSize) * f.scale * pixelsPerUnit * dpiScale;
+    return std::fmin(std::fmax(size, smallest), largest);
 }
 
 void CPainterBase::BeginPaint(int settings) {

@@ -111,6 +111,14 @@ std::unique_ptr<CPangoText::SFace> CPangoText::Describe(SKey const& key) {
 }
 
 void CPangoText::SetLine(std::string_view line) {
+    // The backend warns on standard error for every invalid text it is given: such a line is drawn with
+    // replacement characters instead, made here once per line.
+    if (!g_utf8_validate(line.data(), static_cast<gssize>(line.size()), nullptr)) {
+        gchar* const valid = g_utf8_make_valid(line.data(), static_cast<gssize>(line.size()));
+        pango_layout_set_text(m_layout, valid, -1);
+        g_free(valid);
+        return;
+    }
     pango_layout_set_text(m_layout, line.data(), static_cast<int>(line.size()));
 }
 

@@ -1,4 +1,5 @@
 #include <mirelfrw7/core/label.h>
+#include <mirelfrw7/items/saturating_int.h>
 
 #include <mirelfrw7/layout/layout.h>
 #include <mirelfrw7/layout/layout_manager.h>
@@ -7,6 +8,7 @@
 #include <mirel7/text_flow.h>
 
 #include <algorithm>
+#include <cstdint>
 
 namespace mirelfrw7 {
 
@@ -23,6 +25,14 @@ char const* GetDelimiters(bool html) {
 }
 
 namespace {
+
+// A label may stand at the ends of int, and its image space may be as large as an int goes: the places of
+// its parts are summed wide and brought back saturated.
+using Wide = std::int64_t;
+
+point<int> SaturatingPoint(point<double> const& p) {
+    return {SaturatingInt(p.x), SaturatingInt(p.y)};
+}
 
 // Turns the painter's font for the label's orientation while it lives, and gives the caller's font back on
 // every way out.
@@ -66,32 +76,33 @@ int LineHeight(IPainter* painter) {
 // the label's height, it follows the first line of the text, if the text is aligned across at all.
 int ImageAcross(int flags, double acrossStart, int acrossExtent, int across, int textAlong, int textAcross,
                 int lineHeight) {
-    int const centred = static_cast<int>((acrossExtent - across) * 0.5 + 0.5 + acrossStart);
-    if (textAlong == 0 || (lineHeight >= textAcross && 2 * lineHeight >= acrossExtent)) return centred;
-    int const start = static_cast<int>(acrossStart);
-    int firstLine;
+    int const centred = SaturatingInt((acrossExtent - across) * 0.5 + 0.5 + acrossStart);
+    if (textAlong == 0 || (Wide(lineHeight) >= textAcross && 2 * Wide(lineHeight) >= acrossExtent))
+        return centred;
+    Wide const start = SaturatingInt(acrossStart);
+    Wide firstLine;
     if (flags & IPainter::AlignTop)
         firstLine = start;
     else if (flags & IPainter::AlignBottom)
         firstLine = start + acrossExtent - textAcross;
     else if (flags & IPainter::AlignVCenter)
-        firstLine = start + (acrossExtent - textAcross) / 2;
+        firstLine = start + (Wide(acrossExtent) - textAcross) / 2;
     else
         return centred;
-    return firstLine + static_cast<int>((lineHeight - across) * 0.5 + 0.5);
+    return SaturatingInt(firstLine + SaturatingInt((Wide(lineHeight) - across) * 0.5 + 0.5));
 }
 
 // Where the image starts along the label: before the text by `imageSpace`, wherever the text is aligned.
 double ImageAlong(int flags, ILayout const& layout, rectangle<int> const& r, int alongExtent, int along,
                   int textAlong, int imageSpace) {
-    int const alongStart = static_cast<int>(layout.GetAlong(r.left, r.top));
+    // Along of int corners is a whole number, so the sums in double are exact.
+    double const alongStart = layout.GetAlong(r.left, r.top);
     if (flags & IPainter::AlignLeft) return alongStart;
     if (flags & IPainter::AlignRight)
-        return static_cast<int>(layout.GetAlong(r.right, r.bottom)) - along - textAlong -
-               (textAlong != 0 ? imageSpace : 0);
+        return layout.GetAlong(r.right, r.bottom) - along - textAlong - (textAlong != 0 ? imageSpace : 0);
     if (flags & IPainter::AlignHCenter)
-        return textAlong != 0 ? 0.5 + (alongExtent - textAlong) / 2 + alongStart - imageSpace - along
-                              : 0.5 + (alongExtent - along) / 2 + alongStart;
+        return textAlong != 0 ? 0.5 + (Wide(alongExtent) - textAlong) / 2 + alongStart - imageSpace - along
+                              : 0.5 + (Wide(alongExtent) - along) / 2 + alongStart;
     return 0;
 }
 
@@ -102,8 +113,9 @@ SLabelPlan PlanLabel(IPainter* painter, ILayout const& layout, rectangle<int> co
                      IPainter::ITextFormatter* formatter) {
     SLabelPlan plan;
     // An inverted rectangle still has one pixel to offer.
-    rectangle<int> const whole{rect.left, rect.top, rect.right < rect.left ? rect.left + 1 : rect.right,
-                               rect.bottom < rect.top ? rect.top + 1 : rect.bottom};
+    rectangle<int> const whole{rect.left, rect.top,
+                               rect.right < rect.left ? SaturatingInt(Wide(rect.left) + 1) : rect.right,
+                               rect.bottom < rect.top ? SaturatingInt(Wide(rect.top) + 1) : rect.bottom};
     rectangle<int> r = whole;
 
     // The text starts after the image and the space between them.
@@ -115,8 +127,8 @@ SLabelPlan PlanLabel(IPainter* painter, ILayout const& layout, rectangle<int> co
         point<double> start(r.left, r.top);
         layout.IncAlong(&start, along);
         if (!text.empty()) layout.IncAlong(&start, imageSpace);
-        r.left = static_cast<int>(start.x);
-        r.top = static_cast<int>(start.y);
+        r.left = SaturatingInt(start.x);
+        r.top = SaturatingInt(start.y);
     }
 
     size<double> textSize;
@@ -129,7 +141,9 @@ SLabelPlan PlanLabel(IPainter* painter, ILayout const& layout, rectangle<int> co
         textSize = painter->DrawStringEx(area, text.c_str(), textFlags, -1, delimiters, formatter);
         plan.hasText = true;
         plan.textRect = painter->GetTextRect(area, textSize, textFlags);
-        plan.result = rectangle<int>(plan.textRect);
+        point<int> const topLeft = SaturatingPoint({plan.textRect.left, plan.textRect.top});
+        point<int> const bottomRight = SaturatingPoint({plan.textRect.right, plan.textRect.bottom});
+        plan.result = {topLeft.x, topLeft.y, bottomRight.x, bottomRight.y};
         textAlong = static_cast<int>(layout.GetAlong(textSize.cx, textSize.cy));
         lineHeight = LineHeight(painter);
     }
@@ -138,7 +152,7 @@ SLabelPlan PlanLabel(IPainter* painter, ILayout const& layout, rectangle<int> co
     // A left-aligned image, or one alone, is placed in the whole label; any other relative to the room
     // the text had.
     if ((flags & IPainter::AlignLeft) || textAlong == 0) r = whole;
-    int const w = r.right - r.left, h = r.bottom - r.top;
+    int const w = SaturatingInt(Wide(r.right) - r.left), h = SaturatingInt(Wide(r.bottom) - r.top);
     int const acrossExtent = static_cast<int>(layout.GetAcross(w, h));
     int const alongExtent = static_cast<int>(layout.GetAlong(w, h));
     if (across > acrossExtent || along > alongExtent) return plan;
@@ -150,7 +164,7 @@ SLabelPlan PlanLabel(IPainter* painter, ILayout const& layout, rectangle<int> co
     double const posAlong = std::max(ImageAlong(flags, layout, r, alongExtent, along, textAlong, imageSpace),
                                      layout.GetAlong(rect.left, rect.top));
     plan.imageFits = true;
-    plan.imagePlace = point<int>(layout.MakePoint(posAlong, posAcross));
+    plan.imagePlace = SaturatingPoint(layout.MakePoint(posAlong, posAcross));
     return plan;
 }
 
@@ -187,7 +201,8 @@ rectangle<int> DrawLabel(IPainter* painter, rectangle<int> const& rect, std::str
     // A label with an image starts at the image, even when that stands right of the text. The image's
     // rectangle is in screen axes, whatever the layout.
     if (result.IsAllZero())
-        result = {at.x, at.y, at.x + plan.imageSize.cx, at.y + plan.imageSize.cy};
+        result = {at.x, at.y, SaturatingInt(Wide(at.x) + plan.imageSize.cx),
+                  SaturatingInt(Wide(at.y) + plan.imageSize.cy)};
     else
         result.left = at.x;
     return result;
@@ -209,7 +224,7 @@ int LabelHitTest(point<double> const& at, IPainter* painter, rectangle<int> cons
         answer = LabelHitText;
     // The image's height plays no part: its hit area is a square as wide as the image.
     point<int> const p = plan.imagePlace;
-    int const width = plan.imageSize.cx;
+    double const width = plan.imageSize.cx;
     if (plan.imageFits && Between(at.x, p.x, p.x + width) && Between(at.y, p.y, p.y + width))
         answer = LabelHitImage;
     return answer;

@@ -1,6 +1,7 @@
 #include <mirelfrw7/core/control.h>
 #include <mirelfrw7/core/life_guard.h>
 #include <mirelfrw7/core/visual_element.h>
+#include <mirelfrw7/items/saturating_int.h>
 
 #include <mirel7/assert.h>
 #include <mirel7/sys_window.h>
@@ -456,7 +457,7 @@ int Sign(int v) {
 }
 // Both edges hit; a zero extent never does; an inverted rectangle hits as if normalised.
 bool SignTest(int v, int lower, int upper) {
-    return Sign(v - lower) != Sign(v - upper);
+    return Sign(SaturatingInt(0LL + v - lower)) != Sign(SaturatingInt(0LL + v - upper));
 }
 } // namespace
 
@@ -465,7 +466,8 @@ CVisualElement* CVisualElement::FindVisualElement(int x, int y) {
         CVisualElement* const child = m_children->GetItem(i);
         rectangle<int> const& b = child->m_bounds;
         if (child->m_visible && SignTest(x, b.left, b.right) && SignTest(y, b.top, b.bottom)) {
-            CVisualElement* const deeper = child->FindVisualElement(x - b.left, y - b.top);
+            CVisualElement* const deeper =
+                child->FindVisualElement(SaturatingInt(0LL + x - b.left), SaturatingInt(0LL + y - b.top));
             return deeper ? deeper : child;
         }
     }

@@ -3,6 +3,7 @@
 #include <mirelfrw7/core/control.h>
 #include <mirelfrw7/core/life_guard.h>
 #include <mirelfrw7/core/visual_element.h>
+#include <mirelfrw7/items/saturating_int.h>
 
 #include <mirel7/popup_menu.h>
 #include <mirel7/sys_window.h>
@@ -11,12 +12,14 @@
 namespace mirelfrw7 {
 
 namespace {
-int Sign(int v) {
+// The sign of a - b, taken wide: a point or edge may stand at either end of int.
+int Sign(long long v) {
     return (v > 0) - (v < 0);
 }
 // Both edges hit; a zero extent never does; an inverted rectangle hits as if normalised.
 bool Hits(rectangle<int> const& r, int x, int y) {
-    return Sign(x - r.left) != Sign(x - r.right) && Sign(y - r.top) != Sign(y - r.bottom);
+    return Sign(0LL + x - r.left) != Sign(0LL + x - r.right) &&
+           Sign(0LL + y - r.top) != Sign(0LL + y - r.bottom);
 }
 
 mirel7::ISysWindow* WindowOf(IControl* control) {
@@ -31,7 +34,8 @@ static bool DeliverToChild(IChildren* children, int x, int y, Process process) {
     for (int i = 0; i < children->GetCount(); ++i) {
         CVisualElement* const child = children->GetItem(i);
         rectangle<int> const& b = child->GetPosition();
-        if (child->IsVisible() && Hits(b, x, y)) return process(child, x - b.left, y - b.top);
+        if (child->IsVisible() && Hits(b, x, y))
+            return process(child, SaturatingInt(0LL + x - b.left), SaturatingInt(0LL + y - b.top));
     }
     return false;
 }

@@ -1,9 +1,27 @@
 #include <mirelfrw7/items/one_item_view_model.h>
 #include <mirelfrw7/items/saturating_int.h>
+#include <mirelfrw7/items/sparse_item_sizes.h>
 
 #include <algorithm>
 
 namespace mirelfrw7 {
+
+namespace {
+// Sizes without an entry: every item at the default size.
+CSparseItemSizes const Uniform;
+} // namespace
+
+std::int64_t COneItemViewModel::GetItemsExtent(int from, int to) const {
+    return Uniform.Extent(from, to, m_itemSize);
+}
+
+int COneItemViewModel::FindItemAt(int from, int to, std::int64_t pixel, std::int64_t* itemStart) const {
+    return Uniform.FindAt(from, to, pixel, m_itemSize, itemStart);
+}
+
+int COneItemViewModel::FindFirstFitting(int from, int to, std::int64_t room) const {
+    return Uniform.FindFirstFitting(from, to, room, m_itemSize);
+}
 
 int COneItemViewModel::Legal(int offset) const {
     std::int64_t value = offset;

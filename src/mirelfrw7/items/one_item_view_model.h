@@ -27,6 +27,10 @@ public:
     void SetOffset(int offset) override;
     int GetOffset() const override { return m_offset; }
     int GetFullItemsSize() const override { return m_itemSize; }
+    // Every index answers the item's size, so these are answered by arithmetic, not by a walk.
+    std::int64_t GetItemsExtent(int from, int to) const override;
+    int FindItemAt(int from, int to, std::int64_t pixel, std::int64_t* itemStart) const override;
+    int FindFirstFitting(int from, int to, std::int64_t room) const override;
 
     // Marks the item dirty or clean; a change is announced.
     void Changed(bool changed);

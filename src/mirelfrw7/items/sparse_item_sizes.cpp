@@ -66,7 +66,8 @@ int CSparseItemSizes::FindFirstFitting(int from, int to, std::int64_t room, int 
             std::int64_t const items = std::int64_t(first) - runStart;
             std::int64_t fit = taken < room ? items : 0;
             if (defaultSize > 0) fit = std::clamp<std::int64_t>((room - 1 - taken) / defaultSize, 0, items);
-            first -= int(fit);
+            // A run may span more than an int when its items take no room.
+            first = int(first - fit);
             taken += fit * defaultSize;
             if (fit < items) break;
             continue;

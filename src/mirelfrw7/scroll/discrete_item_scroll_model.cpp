@@ -35,6 +35,13 @@ double CDiscreteItemScrollModel::GetStepSize(double step) const {
     return double(m_viewModel->GetItemSize(SaturatingInt(step))) / double(unit);
 }
 
+double CDiscreteItemScrollModel::GetStepsSize(int from, int to) const {
+    if (to <= from) return 0.0;
+    int const unit = m_viewModel ? m_viewModel->GetDefaultItemSize() : 0;
+    if (unit == 0) return double(to) - from;
+    return double(m_viewModel->GetItemsExtent(from, to)) / double(unit);
+}
+
 void CDiscreteItemScrollModel::SetStepSize(double step, double size) const {
     if (m_viewModel)
         m_viewModel->SetItemSize(SaturatingInt(step),

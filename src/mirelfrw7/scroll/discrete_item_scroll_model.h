@@ -28,6 +28,8 @@ public:
     // An item's size in default item sizes; 1 while the default size is 0.
     double GetStepSize(double step) const override;
     void SetStepSize(double step, double size) const override;
+    // From the view model's extent, which a sparse model answers from its entries.
+    double GetStepsSize(int from, int to) const override;
     void SetMeasure(std::pair<double, int> measure) override;
     std::pair<double, int> GetMeasure() const override;
     bool IsInseparableStep() const override;

@@ -34,9 +34,7 @@ double CScrollConverter::L2P(double value) const {
     }
     // Step sizes are summed from step 0, not from GetFrom.
     int const whole = SaturatingInt(value);
-    double sum = 0.0;
-    for (int i = 0; i < whole; ++i)
-        sum += m_model->GetStepSize(i);
+    double const sum = m_model->GetStepsSize(0, whole);
     int const current = whole > 0 ? whole : 0;
     return second * ((value - whole) * m_model->GetStepSize(current) + sum) / first;
 }

@@ -10,6 +10,13 @@ bool IScrollModel::IsInseparableStep() const {
 
 void IScrollModel::Update() {}
 
+double IScrollModel::GetStepsSize(int from, int to) const {
+    double sum = 0.0;
+    for (int i = from; i < to; ++i)
+        sum += GetStepSize(i);
+    return sum;
+}
+
 bool ISimpleScrollModel::IsFixedStepSize() const {
     return true;
 }

@@ -26,6 +26,10 @@ public:
     // The size of step number `step`, in logical units.
     virtual double GetStepSize(double step) const = 0;
     virtual void SetStepSize(double step, double size) const = 0;
+    // The sizes of the whole steps from..to-1 summed; 0 when `to` is not above `from`. Walks by default; a
+    // model that keeps its step sizes sparsely answers from its entries, so that a position far down a long
+    // range costs no walk over every step.
+    virtual double GetStepsSize(int from, int to) const;
     // The scale: `second` pixels stand for `first` logical units.
     virtual void SetMeasure(std::pair<double, int> measure) = 0;
     virtual std::pair<double, int> GetMeasure() const = 0;

@@ -4,6 +4,9 @@
 
 #include <mirel7/system.h>
 
+#include <algorithm>
+#include <climits>
+#include <cmath>
 #include <cstdint>
 #include <cstdlib>
 
@@ -135,10 +138,9 @@ double CScrollableElement::AddStepsInfo(double value, IScrollModel* model) const
     if (base > value) return value;
     double rest = value - base;
     if (SaturatingInt(rest) < 1) return base + rest;
-    double position = base;
-    for (double step = base; SaturatingInt(rest) > 0; step += 1.0, rest -= 1.0)
-        position += model->GetStepSize(step);
-    return position + rest;
+    // The whole steps from the base on, then what is left of the value.
+    int const steps = SaturatingInt(std::min(std::floor(rest), double(INT_MAX) - base));
+    return base + model->GetStepsSize(int(base), int(base) + steps) + (rest - steps);
 }
 
 double CScrollableElement::DelStepsInfo(double value, IScrollModel* model) const {

@@ -1,5 +1,6 @@
 #include "mirel7/cairo/cairo_fixture.h"
 
+#include <climits>
 #include <cmath>
 
 namespace {
@@ -36,6 +37,40 @@ TEST_F(Text, DefaultFontReadsLikeNineDesktopPoints) {
     painter->SetFont({});
     EXPECT_NEAR(painter->GetTextSize("Hello, world").cx / small, 2.0, 0.1)
         << "the display scale enlarges text";
+}
+
+// Past about two million pixels the backend's metrics turn negative: sizes stop at a sane maximum.
+TEST_F(Text, HugeFontsStopAtASaneSizeWithPositiveMetrics) {
+    font huge;
+    huge.size = 4'000'000;
+    painter->SetFont(huge);
+    fontmetrics metrics;
+    painter->GetFontMetrics(&metrics);
+    EXPECT_GT(metrics.ascent, 0);
+    EXPECT_GT(metrics.descent, 0);
+    double const height = painter->GetTextSize("W").cy;
+    EXPECT_GT(height, 10000);
+    huge.size = INT_MAX;
+    painter->SetFont(huge);
+    EXPECT_EQ(painter->GetTextSize("W").cy, height) << "both stop at the same size";
+}
+
+// Invalid UTF-8 is drawn with a replacement character for each bad byte, and without a word on stderr.
+TEST_F(Text, InvalidUtf8IsDrawnWithReplacementCharactersSilently) {
+    testing::internal::CaptureStderr();
+    double const width = painter
+                             ->GetTextSize("a\xFF"
+                                           "b")
+                             .cx;
+    painter->DrawString({0, 0, 200, 40},
+                        "a\xFF"
+                        "b",
+                        0, -1);
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+    EXPECT_EQ(width, painter
+                         ->GetTextSize("a\xEF\xBF\xBD"
+                                       "b")
+                         .cx);
 }
 
 TEST_F(Text, StylesAndFamiliesChangeTheFont) {

@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <climits>
+
 namespace {
 
 using namespace mirelfrw7;
@@ -342,6 +344,52 @@ TEST_F(Drag, AButtonThatCameUpUnseenEndsTheDragAsADropOnNothing) {
     EXPECT_EQ(journal.back(), "B:HandleDragFinished on null");
     EXPECT_FALSE(f.window->HasCapture());
     EXPECT_EQ(f.Imp()->GetClickedElement(), nullptr);
+}
+
+} // namespace
+
+namespace {
+
+// Takes every button press and keeps where it landed, in its own coordinates.
+struct CTaker : CVisualElement {
+    using CVisualElement::CVisualElement;
+    bool HandleButtonDown(int x, int y, int, MouseButton) override {
+        at = {x, y};
+        return true;
+    }
+    point<int> at{-1, -1};
+};
+
+// Points and edges at the ends of int: the sign test and the shift into the child take their differences
+// wide, and a shift past the range of int stops at its end.
+TEST(InputAtTheEndsOfInt, HitTestsAndShiftsSaturate) {
+    constexpr int Min = INT_MIN, Max = INT_MAX;
+    struct SCase {
+        rectangle<int> bounds;
+        point<int> p;
+        bool hit;
+        point<int> inChild;
+    };
+    SCase const cases[] = {
+        {{Min, Min, Max, Max}, {0, 0}, true, {Max, Max}},
+        {{Min, 0, Max, 10}, {Max, 5}, true, {Max, 5}},
+        {{Max, 0, Min, 10}, {-1, 5}, true, {Min, 5}},
+        {{Max - 10, Max - 10, Max, Max}, {Max, Max}, true, {10, 10}},
+        {{0, 0, 10, 10}, {Min, 5}, false, {}},
+        {{0, 0, 10, 10}, {5, Max}, false, {}},
+        {{Min, Min, Min + 10, Min + 10}, {Max, Min}, false, {}},
+    };
+    for (SCase const& c : cases) {
+        CVisualElement parent(nullptr, {0, 0}, AlignNone);
+        CTaker child(&parent, {0, 0}, AlignNone);
+        child.SetPos(c.bounds, false);
+        SCOPED_TRACE(testing::Message() << c.p.x << "," << c.p.y);
+        EXPECT_EQ(parent.FindVisualElement(c.p.x, c.p.y), c.hit ? &child : nullptr);
+        EXPECT_EQ(parent.ProcessButtonDown(c.p.x, c.p.y, 0, mirel7::MouseButton(1)), c.hit);
+        if (c.hit) {
+            EXPECT_EQ(child.at, c.inChild);
+        }
+    }
 }
 
 } // namespace

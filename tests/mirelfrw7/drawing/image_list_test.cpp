@@ -5,6 +5,7 @@
 
 #include <mirel7/recording_painter.h>
 
+#include <climits>
 #include <filesystem>
 
 #include <unistd.h>
@@ -71,6 +72,17 @@ TEST(ImageListCalls, DisabledDrawingGreysAndLeavesTheFlagAsItWas) {
     EXPECT_TRUE(painter.IsDisabled());
     EXPECT_EQ(painter.Lines(),
               std::vector<std::string>(2, "DrawRasterPicture 4,5,12,11 picture=8x6 disabled"));
+}
+
+// The far corner of an image at the end of int lies past it: the painter is handed it in double and the
+// recording painter logs the pixel where the range ends.
+TEST(ImageListCalls, AnImageAtTheEndOfIntEndsPastIt) {
+    CImageList list({8, 6});
+    list.AddPicture(Strip({Red}).get());
+    CRecordingPainter painter({50, 50});
+    list.Draw(&painter, 0, INT_MAX - 3, INT_MAX, 0, 0);
+    EXPECT_EQ(painter.Lines(), (std::vector<std::string>{"DrawRasterPicture 2147483644,2147483647,2147483647,"
+                                                         "2147483647 picture=8x6"}));
 }
 
 TEST_F(ImageList, ReadsPngFilesWithTheirAlpha) {

@@ -10,6 +10,7 @@
 
 #include <gtest/gtest.h>
 
+#include <climits>
 #include <functional>
 #include <ostream>
 #include <string>
@@ -286,6 +287,36 @@ TEST_F(Label, WithoutAListAnImageIndexCountsForNothing) {
         EXPECT_EQ(Hit({x + 0.5, 14.5}, rect, "Hello", 36, nullptr, 3),
                   Hit({x + 0.5, 14.5}, rect, "Hello", 36, nullptr, -1))
             << x;
+}
+
+// Labels at the ends of int, or with an image space as large as an int goes: where the parts would land
+// past the range of int they stop at its end, and the answer stays a normalised rectangle.
+TEST_F(Label, PartsPastTheEndsOfIntStopThere) {
+    constexpr int Min = INT_MIN, Max = INT_MAX;
+    struct SCase {
+        R rect;
+        int flags, space;
+        char const* text;
+    };
+    SCase const cases[] = {
+        {{Max - 40, Max - 40, Max, Max}, 34, Max, "ab"},
+        {{Max - 40, 0, Max, 40}, 1 | 32, Max, "ab"},
+        {{Min, Min, Max, Max}, 4 | 32, 4, "ab"},
+        {{Min, Min, Max, Max}, 2 | 16, 4, "ab"},
+        {{Max, Max, Min, Min}, 1 | 8, 4, ""},
+        {{Max - 20, Max - 20, Max, Max}, 4 | 32, 4, ""},
+        {{Min, 0, Min + 40, 40}, 2 | 32, Max, "ab"},
+    };
+    for (SCase const& c : cases) {
+        SCOPED_TRACE(testing::Message() << c.rect.left << "," << c.rect.top << " flags " << c.flags);
+        R const drawn = DrawLabel(&painter, c.rect, c.text, c.flags, c.space, images.get(), 0, nullptr,
+                                  DefaultDelimiters, nullptr);
+        EXPECT_LE(drawn.left, drawn.right);
+        EXPECT_LE(drawn.top, drawn.bottom);
+        for (point<double> at : {point<double>(Max, Max), point<double>(Min, Min)})
+            LabelHitTest(at, &painter, c.rect, c.text, c.flags, c.space, images.get(), 0, nullptr,
+                         DefaultDelimiters, nullptr);
+    }
 }
 
 TEST(LabelDelimiters, PlainAndHtml) {

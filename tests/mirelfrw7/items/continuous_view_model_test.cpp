@@ -271,4 +271,19 @@ TEST(ColumnViewModel, HitTestsAgreeWithPrefixSumsOfTheItemSizes) {
     }
 }
 
+// Every index of the one item answers its size: sums and searches over 2^31 indices are arithmetic.
+TEST(OneItemViewModel, SumsAndSearchesOverAllOfIntAreArithmetic) {
+    COneItemViewModel model;
+    model.SetItemSize(0, 3);
+    EXPECT_EQ(model.GetItemsExtent(0, INT_MAX), 3LL * INT_MAX);
+    EXPECT_EQ(model.GetItemsExtent(INT_MIN, INT_MAX), 3 * (1LL << 32) - 3);
+    std::int64_t start = -1;
+    EXPECT_EQ(model.FindItemAt(0, INT_MAX, 3LL * INT_MAX - 1, &start), INT_MAX - 1);
+    EXPECT_EQ(start, 3LL * INT_MAX - 3);
+    EXPECT_EQ(model.FindFirstFitting(0, INT_MAX, 3LL * INT_MAX), 1) << "all of them take the room, not less";
+    EXPECT_EQ(model.FindFirstFitting(0, INT_MAX, 7), INT_MAX - 2);
+    model.SetItemSize(0, 0);
+    EXPECT_EQ(model.FindItemAt(0, INT_MAX, 0, &start), INT_MAX) << "items of size 0 hold no pixel";
+}
+
 } // namespace

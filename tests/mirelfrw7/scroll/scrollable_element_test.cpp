@@ -1,3 +1,5 @@
+#include <mirelfrw7/items/default_discrete_item_view_model.h>
+#include <mirelfrw7/scroll/discrete_item_scroll_model.h>
 #include <mirelfrw7/scroll/scrollable_element.h>
 
 #include <mirel7/headless/headless_system.h>
@@ -8,6 +10,7 @@
 
 #include <gtest/gtest.h>
 
+#include <climits>
 #include <functional>
 
 namespace {
@@ -230,6 +233,20 @@ TEST(ScrollableElement, StepsInfoTurnsStepNumbersIntoPositionsAndBack) {
     model.fixed = true;
     EXPECT_EQ(element.AddStepsInfo(3.5, &model), 3.5);
     EXPECT_EQ(element.DelStepsInfo(3.5, nullptr), 3.5);
+}
+
+// A position near 2^31 in a list that keeps its row sizes sparsely: the whole steps are summed from the
+// entries, not walked one by one.
+TEST(ScrollableElement, StepsInfoNearTheEndOfIntSumsFromTheEntries) {
+    CScrollableElement element(nullptr, {10, 10}, AlignClient);
+    CDefaultDiscreteItemViewModel rows;
+    rows.SetCount(INT_MAX);
+    rows.SetDefaultItemSize(4);
+    rows.SetItemSize(10, 8);
+    CDiscreteItemScrollModel model(&rows);
+    EXPECT_EQ(element.AddStepsInfo(2147483645.5, &model), 2147483646.5);
+    EXPECT_EQ(element.AddStepsInfo(10.5, &model), 10.5);
+    EXPECT_EQ(element.AddStepsInfo(11.5, &model), 12.5);
 }
 
 } // namespace
