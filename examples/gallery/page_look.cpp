@@ -128,7 +128,7 @@ private:
     }
 
     void DrawBorders(IPainter* painter, int x, int y) const {
-        constexpr int NameWidth = 70, BoxCell = 52;
+        constexpr int NameWidth = 80, BoxCell = 52;
         Label(painter, x, y, U(240), U(TitleHeight), "Borders by shape and style", IPainter::AlignLeft);
         y += U(TitleHeight);
         for (int style = 0; style < 3; ++style)
