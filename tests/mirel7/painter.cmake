@@ -5,3 +5,9 @@ mirel_test(painter_test
 mirel_test(cairo_painter_test
   SOURCES mirel7/cairo/cairo_painter_test.cpp mirel7/cairo/cairo_text_test.cpp mirel7/cairo/raster_picture_test.cpp
   LABELS unit)
+mirel_test(xpm_test
+  SOURCES mirel7/xpm_test.cpp mirel7/cairo/xpm_draw_test.cpp
+  LABELS unit)
+mirel_test(text_formatter_test
+  SOURCES mirel7/text_formatter_test.cpp mirel7/cairo/html_text_test.cpp
+  LABELS unit)
