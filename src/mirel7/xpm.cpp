@@ -126,6 +126,11 @@ private:
             if (char const* failure = ReadEntry(m_buf.GetLine(std::size_t(1 + i)), result.table))
                 return failure;
 
+        // The rows are measured before the pixels are made, so that a header claiming a large picture over
+        // a few short lines costs no memory.
+        for (long y = 0; y < height; ++y)
+            if (m_buf.GetLine(std::size_t(1 + colors + y)).size() != std::size_t(width) * m_charsPerPixel)
+                return "XPM row of the wrong length";
         auto pixels = std::make_shared<XPMImage::SPixels>();
         pixels->width = int(width);
         pixels->height = int(height);
@@ -135,7 +140,6 @@ private:
             words[i] = result.table[i].color.empty ? 0 : Opaque(result.table[i].color);
         for (long y = 0; y < height; ++y) {
             std::string_view const row = m_buf.GetLine(std::size_t(1 + colors + y));
-            if (row.size() != std::size_t(width) * m_charsPerPixel) return "XPM row of the wrong length";
             std::uint32_t* const out = pixels->words.data() + y * width;
             for (long x = 0; x < width; ++x) {
                 int const index = Find(row.substr(std::size_t(x) * m_charsPerPixel, m_charsPerPixel));
