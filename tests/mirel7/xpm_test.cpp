@@ -1,4 +1,5 @@
 #include "mirel7/xpm_pictures.h"
+#include "support/allocation_counter.h"
 #include "support/assert_capture.h"
 
 #include <mirel7/custom_palette.h>
@@ -147,6 +148,16 @@ TEST(XPMImage, AMalformedPictureAssertsOnceAndStaysEmpty) {
         painter.DrawXPM(image, 1, 2, 0, 0, -1, -1);
         EXPECT_EQ(painter.Lines(), Lines{"DrawXPM 1,2 picture=none"});
     }
+}
+
+TEST(XPMImage, AHeaderClaimingALargePictureOverShortRowsCostsNoMemory) {
+    std::vector<std::string> lines{"8192 2048 1 1", ". c None"};
+    lines.resize(lines.size() + 2048);
+    XPMImage image{XPMBuf(std::move(lines))};
+    CExpectAssertions asserts;
+    CCountAllocations allocations;
+    EXPECT_FALSE(image.Init());
+    EXPECT_LT(allocations.Bytes(), std::size_t(1) << 20);
 }
 
 TEST(XPMImage, GreysTowardsThePaletteBackgroundKeepingTransparency) {
