@@ -5,6 +5,12 @@ namespace mirel7 {
 
 IPainter::~IPainter() = default;
 IPainter::ITextFormatter::~ITextFormatter() = default;
+
+bool IPainter::ITextFormatter::FormatText(IPainter* /*painter*/, rectangle<double> const& /*r*/,
+                                          std::string_view /*text*/, int /*flags*/,
+                                          char const* /*delimiters*/, size<double>* /*taken*/) {
+    return false;
+}
 IRasterPicture::~IRasterPicture() = default;
 IPopupMenu::~IPopupMenu() = default;
 

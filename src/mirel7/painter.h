@@ -7,6 +7,7 @@
 #include <mirel7/types.h>
 
 #include <string>
+#include <string_view>
 
 namespace mirel7 {
 
@@ -125,6 +126,10 @@ public:
         virtual ~ITextFormatter();
         virtual void BeforeFormatting(IPainter* painter) = 0;
         virtual void AfterFormatting(IPainter* painter) = 0;
+        // A formatter that lays out and draws the text itself answers true and the size taken (logical
+        // units, as DrawStringEx answers it); false leaves the text to the painter.
+        virtual bool FormatText(IPainter* painter, rectangle<double> const& r, std::string_view text,
+                                int flags, char const* delimiters, size<double>* taken);
     };
 
     virtual ~IPainter();
@@ -146,6 +151,7 @@ public:
     virtual brush GetBrush() const = 0;
     virtual void SetBkColor(_color const& c) = 0;
     virtual void SetTextColor(_color const& c) = 0;
+    virtual _color GetTextColor() const = 0;
     virtual double GetDPIScale() const = 0;
 
     // Coordinates. "1" converts one point, "2" a rectangle given as two corners; `distance` true converts a

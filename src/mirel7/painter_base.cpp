@@ -139,7 +139,9 @@ size<double> CPainterBase::DrawString(rectangle<double> const& r, char const* te
 size<double> CPainterBase::DrawStringEx(rectangle<double> const& r, char const* text, int flags, int length,
                                         char const* delimiters, ITextFormatter* formatter) {
     if (formatter) formatter->BeforeFormatting(this);
-    size<double> const answer = ShowText("DrawStringEx", r, text, flags, length, delimiters);
+    size<double> answer;
+    if (!formatter || !formatter->FormatText(this, r, TextOf(text, length), flags, delimiters, &answer))
+        answer = ShowText("DrawStringEx", r, text, flags, length, delimiters);
     if (formatter) formatter->AfterFormatting(this);
     return answer;
 }

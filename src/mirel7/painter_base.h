@@ -34,6 +34,7 @@ public:
     brush GetBrush() const override { return m_brush; }
     void SetBkColor(_color const& c) override { m_bkColor = c; }
     void SetTextColor(_color const& c) override { m_textColor = c; }
+    _color GetTextColor() const override { return m_textColor; }
     double GetDPIScale() const override { return m_dpiScale; }
     void SetDPIScale(double scale) override { m_dpiScale = scale; }
 

@@ -1,4 +1,5 @@
 #include <mirel7/recording_painter.h>
+#include <mirel7/xpm.h>
 
 #include <algorithm>
 #include <cmath>
@@ -310,10 +311,17 @@ void CRecordingPainter::AlphaBlend(double left, double top, double right, double
         " alpha=" + std::to_string(alpha));
 }
 
-void CRecordingPainter::DrawXPM(XPMImage const& /*image*/, double x, double y, int srcX, int srcY, int width,
+void CRecordingPainter::DrawXPM(XPMImage const& image, double x, double y, int srcX, int srcY, int width,
                                 int height) {
-    Log("DrawXPM " + Pair(ToDevice(x, y)) + " part=" +
-        Rect(rectangle<int>{srcX, srcY, srcX + width, srcY + height}) + (IsDisabled() ? " disabled" : ""));
+    point<double> const at = ToDevice(x, y);
+    std::optional<SXpmPlacement> const place = PlaceXPM(image, at, GetDPIScale(), srcX, srcY, width, height);
+    if (!place) {
+        Log("DrawXPM " + Pair(at) + " picture=none");
+        return;
+    }
+    Log("DrawXPM " + Rect(place->destination) + " part=" + Rect(place->part) +
+        " picture=" + std::to_string(image.GetWidth()) + "x" + std::to_string(image.GetHeight()) +
+        (IsDisabled() ? " disabled" : ""));
 }
 
 void CRecordingPainter::DrawControlElement(ControlElement element, double left, double top, double right,

@@ -115,6 +115,8 @@ struct _color {
 struct font {
     static constexpr int FamilyNotSet = 4;
     static constexpr int StyleBold = 1;
+    static constexpr int StyleItalic = 2;
+    static constexpr int StyleUnderline = 16;
 
     std::string face;
     int family = FamilyNotSet;

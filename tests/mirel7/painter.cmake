@@ -9,3 +9,9 @@ mirel_test(cairo_painter_test
   LABELS unit)
 # The reference pictures of the native look.
 target_compile_definitions(cairo_painter_test PRIVATE MIREL_LOOK_DATA="${CMAKE_CURRENT_SOURCE_DIR}/mirel7/cairo/data")
+mirel_test(xpm_test
+  SOURCES mirel7/xpm_test.cpp mirel7/cairo/xpm_draw_test.cpp
+  LABELS unit)
+mirel_test(text_formatter_test
+  SOURCES mirel7/text_formatter_test.cpp mirel7/cairo/html_text_test.cpp
+  LABELS unit)

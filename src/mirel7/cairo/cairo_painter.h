@@ -100,6 +100,9 @@ private:
     double PenOffset() const;
     void DrawPicture(CCairoRasterPicture* picture, rectangle<int> const& destination,
                      rectangle<int> const& part, int alpha);
+    // Paints the part `from` of `pixels`, found at `origin` in them, onto `destination`.
+    void PaintSurface(cairo_surface_t* pixels, point<int> const& origin, rectangle<int> const& from,
+                      rectangle<int> const& destination, int alpha);
     void AddRoundRect(cairo_t* cr, double left, double top, double right, double bottom, double rx,
                       double ry);
 

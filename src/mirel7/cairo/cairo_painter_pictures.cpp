@@ -7,26 +7,6 @@ namespace mirel7::cairo {
 
 namespace {
 
-// The disabled look of a picture: each pixel halfway between its own brightness and a light grey, keeping
-// its alpha. The words are premultiplied, and so is the grey.
-void Grey(cairo_surface_t* surface) {
-    cairo_surface_flush(surface);
-    auto* const data = cairo_image_surface_get_data(surface);
-    int const stride = cairo_image_surface_get_stride(surface),
-              width = cairo_image_surface_get_width(surface);
-    for (int y = 0, height = cairo_image_surface_get_height(surface); y < height; ++y) {
-        auto* const row = reinterpret_cast<std::uint32_t*>(data + std::ptrdiff_t(y) * stride);
-        for (int x = 0; x < width; ++x) {
-            std::uint32_t const p = row[x], a = p >> 24;
-            std::uint32_t const luminance =
-                (((p >> 16) & 255) * 77 + ((p >> 8) & 255) * 150 + (p & 255) * 29) >> 8;
-            std::uint32_t const grey = (luminance + a * 192 / 255) / 2;
-            row[x] = a << 24 | grey << 16 | grey << 8 | grey;
-        }
-    }
-    cairo_surface_mark_dirty(surface);
-}
-
 rectangle<int> Whole(CCairoRasterPicture* picture) {
     return picture ? rectangle<int>{0, 0, picture->Surface().Width(), picture->Surface().Height()}
                    : rectangle<int>{};
@@ -44,9 +24,15 @@ void CCairoPainter::DrawPicture(CCairoRasterPicture* picture, rectangle<int> con
     // A picture drawn on itself or greyed goes through a copy of the part drawn.
     bool const throughCopy = &source == &m_surface || IsDisabled();
     cairo_surface_t* const pixels = throughCopy ? source.CopyPart(from) : source.ForCairo();
-    if (IsDisabled()) Grey(pixels);
+    if (IsDisabled()) GreyPixels(pixels);
     point<int> const origin = throughCopy ? point<int>{} : point<int>{from.left, from.top};
 
+    PaintSurface(pixels, origin, from, destination, alpha);
+    if (throughCopy) cairo_surface_destroy(pixels);
+}
+
+void CCairoPainter::PaintSurface(cairo_surface_t* pixels, point<int> const& origin,
+                                 rectangle<int> const& from, rectangle<int> const& destination, int alpha) {
     cairo_t* const cr = m_surface.Context();
     cairo_save(cr);
     cairo_rectangle(cr, destination.left, destination.top, destination.Width(), destination.Height());
@@ -64,7 +50,6 @@ void CCairoPainter::DrawPicture(CCairoRasterPicture* picture, rectangle<int> con
     else
         cairo_paint_with_alpha(cr, alpha / 255.0);
     cairo_restore(cr);
-    if (throughCopy) cairo_surface_destroy(pixels);
 }
 
 void CCairoPainter::DrawRasterPicture(IRasterPicture* picture, double left, double top, double right,
@@ -99,11 +84,6 @@ void CCairoPainter::ExtractRasterPictureEx(IRasterPicture* picture, double left,
     cairo_surface_t* const copy = m_surface.CopyPart(area);
     p->Surface().CopyIn(copy, {0, 0, area.Width(), area.Height()}, destination);
     cairo_surface_destroy(copy);
-}
-
-void CCairoPainter::DrawXPM(XPMImage const& /*image*/, double /*x*/, double /*y*/, int /*srcX*/, int /*srcY*/,
-                            int /*width*/, int /*height*/) {
-    // XPM images are not decoded yet; drawing one leaves the surface as it was.
 }
 
 } // namespace mirel7::cairo

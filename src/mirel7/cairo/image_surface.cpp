@@ -95,4 +95,24 @@ void CImageSurface::Scroll(int dx, int dy, rectangle<int> const& source) {
             row(y);
 }
 
+// The disabled look of a picture: each pixel halfway between its own brightness and a light grey, keeping
+// its alpha. The words are premultiplied, and so is the grey.
+void GreyPixels(cairo_surface_t* surface) {
+    cairo_surface_flush(surface);
+    auto* const data = cairo_image_surface_get_data(surface);
+    int const stride = cairo_image_surface_get_stride(surface),
+              width = cairo_image_surface_get_width(surface);
+    for (int y = 0, height = cairo_image_surface_get_height(surface); y < height; ++y) {
+        auto* const row = reinterpret_cast<std::uint32_t*>(data + std::ptrdiff_t(y) * stride);
+        for (int x = 0; x < width; ++x) {
+            std::uint32_t const p = row[x], a = p >> 24;
+            std::uint32_t const luminance =
+                (((p >> 16) & 255) * 77 + ((p >> 8) & 255) * 150 + (p & 255) * 29) >> 8;
+            std::uint32_t const grey = (luminance + a * 192 / 255) / 2;
+            row[x] = a << 24 | grey << 16 | grey << 8 | grey;
+        }
+    }
+    cairo_surface_mark_dirty(surface);
+}
+
 } // namespace mirel7::cairo

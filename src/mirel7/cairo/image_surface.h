@@ -71,4 +71,7 @@ private:
 // A new ARGB32 surface of `s`, transparent.
 cairo_surface_t* NewSurface(size<int> const& s);
 
+// Turns an ARGB32 surface into the greyed look of a disabled element.
+void GreyPixels(cairo_surface_t* surface);
+
 } // namespace mirel7::cairo

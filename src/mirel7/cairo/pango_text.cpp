@@ -9,8 +9,6 @@ namespace mirel7::cairo {
 
 namespace {
 
-constexpr int StyleItalic = 2;
-constexpr int StyleUnderline = 16;
 // Enough for the captions of a large window; past it the cache starts over rather than growing.
 constexpr std::size_t MaxCachedWidths = 4096;
 
@@ -90,9 +88,9 @@ std::unique_ptr<CPangoText::SFace> CPangoText::Describe(SKey const& key) {
     pango_font_description_set_weight(result->description,
                                       style & font::StyleBold ? PANGO_WEIGHT_BOLD : PANGO_WEIGHT_NORMAL);
     pango_font_description_set_style(result->description,
-                                     style & StyleItalic ? PANGO_STYLE_ITALIC : PANGO_STYLE_NORMAL);
+                                     style & font::StyleItalic ? PANGO_STYLE_ITALIC : PANGO_STYLE_NORMAL);
     pango_font_description_set_absolute_size(result->description, pixelSize * PANGO_SCALE);
-    if (style & StyleUnderline) {
+    if (style & font::StyleUnderline) {
         result->attributes = pango_attr_list_new();
         pango_attr_list_insert(result->attributes, pango_attr_underline_new(PANGO_UNDERLINE_SINGLE));
     }
