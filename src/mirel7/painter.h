@@ -78,7 +78,27 @@ public:
     enum RasterOperation { RopCopy = 0 };
 
     // Native pieces of controls; the values are those the controls pass.
-    enum ControlElement { ControlChecked = 1, ControlUnchecked = 2 };
+    enum ControlElement {
+        ControlChecked = 1,
+        ControlUnchecked = 2,
+        ControlScrollArrowLeft = 10,
+        ControlScrollArrowRight = 11,
+        ControlScrollArrowUp = 12,
+        ControlScrollArrowDown = 13,
+        ControlScrollTrackHorz = 14,
+        ControlScrollTrackVert = 15,
+        ControlScrollThumbHorz = 16,
+        ControlScrollThumbVert = 17,
+    };
+
+    // Bits of DrawControlElement's state word.
+    enum ControlState {
+        StateDisabled = 1,
+        StateFocused = 2,
+        StateHot = 4,
+        StatePressed = 8,
+        StateChecked = 16
+    };
 
     // Takes part in DrawStringEx: called before the text is laid out and after it was drawn.
     class MIREL7_API ITextFormatter {
