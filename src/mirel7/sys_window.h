@@ -1,5 +1,6 @@
 #pragma once
 
+#include <mirel7/base.h>
 #include <mirel7/export.h>
 #include <mirel7/types.h>
 
@@ -7,6 +8,7 @@ namespace mirel7 {
 
 class IEventSender;
 class IRunnable;
+class IScrollBar;
 class ISynchronizer;
 class IWindowPainter;
 
@@ -61,6 +63,10 @@ public:
     virtual ISynchronizer* GetSynchronizer() = 0;
     // True from the moment the window is being closed: work meant for it can be skipped.
     virtual bool IsClosing() const = 0;
+
+    // A native scroll bar in a region of this window, placed empty until moved; null when the window cannot
+    // make one.
+    virtual mirel_ptr<IScrollBar> CreateScrollBar(ScrollType type) = 0;
 };
 
 } // namespace mirel7

@@ -1,3 +1,5 @@
+#include <mirel7/custom_control_base.h>
+#include <mirel7/sys_scroll_bar.h>
 #include <mirel7/sys_window_base.h>
 #include <mirel7/system_base.h>
 
@@ -52,6 +54,8 @@ CSysWindowBase::CSysWindowBase(CSystemBase& system, size<int> clientSize,
 
 CSysWindowBase::~CSysWindowBase() {
     m_queue.Close();
+    for (CCustomControlBase* control : m_customControls)
+        control->Detach();
     m_system.RemoveWindow(this);
 }
 
@@ -77,6 +81,7 @@ bool CSysWindowBase::PaintPending() {
     if (painting && m_painter) {
         ++m_paints;
         m_sender->Fire(&IDrawingNotify::OnDraw, static_cast<IPainter*>(m_painter.get()));
+        DrawCustomControls();
     }
     if (!IsEmpty(m_damage) && !m_closing) Present(m_damage);
     m_damage = {};
@@ -159,6 +164,7 @@ void CSysWindowBase::SendButton(bool down, int x, int y, MouseButton button, int
     else
         m_buttons &= ~ButtonBit(button);
     m_pointer = {x, y};
+    if (RouteButton(down, {x, y}, button)) return;
     CMouseEvent event = PointerEvent(x, y, button, modifiers);
     m_sender->Fire(down ? &IMouseNotify::OnButtonDown : &IMouseNotify::OnButtonUp, &event);
 }
@@ -168,6 +174,8 @@ void CSysWindowBase::SendDoubleClick(int x, int y, MouseButton button, int modif
     m_modifiers = modifiers;
     m_buttons |= ButtonBit(button);
     m_pointer = {x, y};
+    // A native control takes the second press as a press.
+    if (RouteButton(true, {x, y}, button)) return;
     CMouseEvent event = PointerEvent(x, y, button, modifiers);
     m_sender->Fire(&IMouseClickNotify::OnDoubleClick, &event);
 }
@@ -182,6 +190,7 @@ void CSysWindowBase::SendMove(int x, int y, int modifiers) {
     // A move restarts the rest that makes a hover.
     m_hoverTimer->SetActive(false);
     if (m_trackHover && m_pointerInside) m_hoverTimer->SetActive(true);
+    if (RouteMove({x, y})) return;
     MouseButton held = ButtonNone;
     for (MouseButton b : {ButtonLeft, ButtonRight, ButtonMiddle})
         if (held == ButtonNone && (m_buttons & ButtonBit(b))) held = b;
@@ -192,6 +201,11 @@ void CSysWindowBase::SendMove(int x, int y, int modifiers) {
 void CSysWindowBase::SendWheel(int x, int y, int delta, int modifiers) {
     if (m_closing) return;
     m_modifiers = modifiers;
+    if (CCustomControlBase* const control = CustomControlAt({x, y})) {
+        mirel_ptr<ICustomControl> const keep(control);
+        if (control->IsEnabled()) control->OnWheel({x, y}, delta);
+        return;
+    }
     CMouseWheelEvent event(PointerEvent(x, y, ButtonNone, modifiers).flags, x, y, delta);
     m_sender->Fire(&IMouseNotify::OnWheel, &event);
 }
@@ -200,6 +214,7 @@ void CSysWindowBase::SendLeave() {
     if (m_closing) return;
     m_pointerInside = false;
     m_hoverTimer->SetActive(false);
+    if (!m_pressedControl) SetHotControl(nullptr);
     if (m_captured) {
         m_leftWhileCaptured = true;
         return;
@@ -223,6 +238,11 @@ void CSysWindowBase::CHoverTimer::OnTimer(CTimerEvent*) {
 
 CKeyboardEvent CSysWindowBase::SendKey(bool down, int virtualKey, int modifiers) {
     CKeyboardEvent event(modifiers & (FlagShift | FlagControl | FlagAlt), virtualKey, 0);
+    if (down && m_focusedControl && !m_closing) {
+        mirel_ptr<ICustomControl> const keep(m_focusedControl);
+        if (m_focusedControl->IsEnabled() && m_focusedControl->OnKeyDown(virtualKey, event.flags))
+            return event;
+    }
     if (!m_closing) m_sender->Fire(down ? &IKeyboardNotify::OnKeyDown : &IKeyboardNotify::OnKeyUp, &event);
     return event;
 }
@@ -236,6 +256,9 @@ CKeyboardEvent CSysWindowBase::SendChar(int characterCode, int modifiers) {
 void CSysWindowBase::SendFocus(bool focused) {
     if (m_closing || focused == m_focused) return;
     m_focused = focused;
+    if (!focused && m_focusedControl) {
+        std::exchange(m_focusedControl, nullptr)->Invalidate();
+    }
     CFocusEvent event;
     m_sender->Fire(focused ? &IFocusNotify::OnGetFocus : &IFocusNotify::OnLostFocus, &event);
 }
@@ -286,6 +309,94 @@ void CSysWindowBase::SendDestroy() {
     CWindowEvent event;
     // The destroy event goes out even though the window is closing: it is the one event that says so.
     m_sender->Fire(&IWindowNotify::OnDestroy, &event);
+}
+
+mirel_ptr<IScrollBar> CSysWindowBase::CreateScrollBar(ScrollType type) {
+    if (m_closing) return nullptr;
+    return new CSysScrollBar(*this, type);
+}
+
+void CSysWindowBase::AddCustomControl(CCustomControlBase* control) {
+    m_customControls.push_back(control);
+}
+
+void CSysWindowBase::RemoveCustomControl(CCustomControlBase* control) {
+    ForgetCustomControl(control);
+    std::erase(m_customControls, control);
+}
+
+void CSysWindowBase::ForgetCustomControl(CCustomControlBase* control) {
+    if (m_hotControl == control) m_hotControl = nullptr;
+    if (m_focusedControl == control) m_focusedControl = nullptr;
+    if (m_pressedControl == control) {
+        m_pressedControl = nullptr;
+        if (std::exchange(m_pressCaptured, false)) ReleaseMouse();
+    }
+}
+
+CCustomControlBase* CSysWindowBase::CustomControlAt(point<int> const& at) const {
+    for (auto it = m_customControls.rbegin(); it != m_customControls.rend(); ++it)
+        if ((*it)->HitTest(at)) return *it;
+    return nullptr;
+}
+
+bool CSysWindowBase::RouteButton(bool down, point<int> const& at, MouseButton button) {
+    CCustomControlBase* const control = m_pressedControl ? m_pressedControl : CustomControlAt(at);
+    if (!control) {
+        // A press beside the native controls takes the keys back to the window's own control.
+        if (down && m_focusedControl) std::exchange(m_focusedControl, nullptr)->Invalidate();
+        return false;
+    }
+    mirel_ptr<ICustomControl> const keep(control);
+    if (down && !m_pressedControl) {
+        m_pressedControl = control;
+        m_pressCaptured = !m_captured;
+        if (m_pressCaptured) CaptureMouse();
+    }
+    if (control->IsEnabled()) {
+        if (down)
+            control->OnButtonDown(at, button);
+        else
+            control->OnButtonUp(at, button);
+    }
+    // The press ends with the last button up; the control may have been forgotten meanwhile.
+    if (!down && m_buttons == 0 && m_pressedControl == control) {
+        m_pressedControl = nullptr;
+        if (std::exchange(m_pressCaptured, false)) ReleaseMouse();
+    }
+    return true;
+}
+
+bool CSysWindowBase::RouteMove(point<int> const& at) {
+    CCustomControlBase* const under = CustomControlAt(at);
+    SetHotControl(m_pressedControl ? (under == m_pressedControl ? under : nullptr) : under);
+    CCustomControlBase* const control = m_pressedControl ? m_pressedControl : under;
+    if (!control) return false;
+    mirel_ptr<ICustomControl> const keep(control);
+    if (control->IsEnabled()) control->OnMouseMove(at);
+    return true;
+}
+
+void CSysWindowBase::SetHotControl(CCustomControlBase* control) {
+    if (control == m_hotControl) return;
+    if (CCustomControlBase* const old = std::exchange(m_hotControl, control)) old->OnHot(false);
+    if (control) control->OnHot(true);
+}
+
+void CSysWindowBase::DrawCustomControls() {
+    if (m_customControls.empty()) return;
+    IPainter* const painter = m_painter.get();
+    painter->BeginPaint(IPainter::PaintPlain);
+    painter->SetCoordSystem(IPainter::MapDevice, nullptr);
+    painter->ResetClip();
+    for (CCustomControlBase* control : m_customControls) {
+        screen_rectangle<int> const r = control->GetRect();
+        if (!control->IsVisible() || r.right < r.left || r.bottom < r.top) continue;
+        painter->SetDisabled(!control->IsEnabled());
+        control->Draw(painter);
+    }
+    painter->SetDisabled(false);
+    painter->EndPaint();
 }
 
 } // namespace mirel7

@@ -9,9 +9,11 @@
 #include <mirel7/window_painter.h>
 
 #include <memory>
+#include <vector>
 
 namespace mirel7 {
 
+class CCustomControlBase;
 class CSystemBase;
 
 // What the windows of every backend share: the sender, the paint and present cycle over the back buffer,
@@ -44,6 +46,11 @@ public:
     void PostRunnable(IRunnable* runnable) override;
     ISynchronizer* GetSynchronizer() override { return &m_queue; }
     bool IsClosing() const override { return m_closing; }
+    mirel_ptr<IScrollBar> CreateScrollBar(ScrollType type) override;
+
+    // The native controls of the window, in the order they were made; the last is on top.
+    std::vector<CCustomControlBase*> const& GetCustomControls() const { return m_customControls; }
+    CCustomControlBase* GetFocusedCustomControl() const { return m_focusedControl; }
 
     // The event loop's part, on the GUI thread. Runs the runnables posted so far and answers how many ran.
     int RunRunnables() { return m_queue.RunPending(); }
@@ -90,6 +97,19 @@ protected:
 
 private:
     friend class CSystemBase;
+    friend class CCustomControlBase;
+
+    void AddCustomControl(CCustomControlBase* control);
+    void RemoveCustomControl(CCustomControlBase* control);
+    // A hidden control loses the pointer and the focus.
+    void ForgetCustomControl(CCustomControlBase* control);
+    void FocusCustomControl(CCustomControlBase* control) { m_focusedControl = control; }
+    CCustomControlBase* CustomControlAt(point<int> const& at) const;
+    // The native controls take the pointer before the window's subscribers; true when one took it.
+    bool RouteButton(bool down, point<int> const& at, MouseButton button);
+    bool RouteMove(point<int> const& at);
+    void SetHotControl(CCustomControlBase* control);
+    void DrawCustomControls();
 
     class CHoverTimer : public CTimerNotify {
     public:
@@ -123,6 +143,12 @@ private:
     bool m_trackLeave = false;
     bool m_trackHover = false;
     bool m_leftWhileCaptured = false;
+    std::vector<CCustomControlBase*> m_customControls;
+    // The control a button went down on, until it is up; the one under the pointer; the one with the keys.
+    CCustomControlBase* m_pressedControl = nullptr;
+    CCustomControlBase* m_hotControl = nullptr;
+    CCustomControlBase* m_focusedControl = nullptr;
+    bool m_pressCaptured = false;
     CHoverTimer m_hover{*this};
     mirel_ptr<ISysTimer> m_hoverTimer;
 };

@@ -6,6 +6,9 @@ target_sources(mirel7 PRIVATE
   notify.cpp
   palette.cpp
   runnable_queue.cpp
+  spawn.cpp
+  custom_control_base.cpp
+  sys_scroll_bar.cpp
   sys_window_base.cpp
   system.cpp
   system_base.cpp

@@ -56,6 +56,9 @@ public:
     virtual mirel_ptr<IRasterPicture> CreateRasterPicture(int width, int height) = 0;
     virtual mirel_ptr<IRunner> CreateRunner() = 0;
     virtual mirel_ptr<ILock> CreateLock() = 0;
+
+    // Opens the address with the desktop's handler for it, without waiting.
+    virtual void OpenLink(std::string const& address) = 0;
 };
 
 MIREL7_API ISystem* GetCurrentSystem();

@@ -1,6 +1,7 @@
 #include <mirel7/locked_value.h>
 #include <mirel7/palette.h>
 #include <mirel7/raster_picture.h>
+#include <mirel7/spawn.h>
 #include <mirel7/sys_window_base.h>
 #include <mirel7/system_base.h>
 #include <mirel7/thread_runner.h>
@@ -69,6 +70,10 @@ mirel_ptr<IRunner> CSystemBase::CreateRunner() {
 
 mirel_ptr<ILock> CSystemBase::CreateLock() {
     return new CMutexLock;
+}
+
+void CSystemBase::OpenLink(std::string const& address) {
+    if (!address.empty()) SpawnDetached({"xdg-open", address});
 }
 
 void CSystemBase::SetPalette(ISysPalette* palette) {

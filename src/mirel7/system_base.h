@@ -29,6 +29,8 @@ public:
     mirel_ptr<IRasterPicture> CreateRasterPicture(int width, int height) override;
     mirel_ptr<IRunner> CreateRunner() override;
     mirel_ptr<ILock> CreateLock() override;
+    // Runs xdg-open with the address.
+    void OpenLink(std::string const& address) override;
 
     // A new palette is announced to every window as a change of the system colours.
     void SetPalette(ISysPalette* palette);

@@ -5,6 +5,7 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 namespace mirel7::headless {
 
@@ -25,6 +26,10 @@ public:
     void SetDPIScale(double scale) { m_dpiScale = scale; }
     void SetCursorPosition(point<int> position) { m_pointer = position; }
 
+    // Nothing is started without a desktop: the addresses asked for are kept, in order.
+    void OpenLink(std::string const& address) override { m_openedLinks.push_back(address); }
+    std::vector<std::string> const& GetOpenedLinks() const { return m_openedLinks; }
+
 protected:
     point<int> QueryPointer() const override { return m_pointer; }
     std::int64_t Now() const override { return m_now; }
@@ -43,6 +48,7 @@ private:
     std::int64_t m_now = 0;
     double m_dpiScale = 1.0;
     point<int> m_pointer;
+    std::vector<std::string> m_openedLinks;
 };
 
 } // namespace mirel7::headless

@@ -1,5 +1,6 @@
 #include <mirel7/headless/headless_system.h>
 #include <mirel7/headless/headless_window.h>
+#include <mirel7/scroll_bar.h>
 
 namespace mirel7::headless {
 
@@ -50,6 +51,10 @@ int CHeadlessWindow::RunPending() {
     // The desktop grants a focus request at once, and reports it on this turn like any other event.
     if (std::exchange(m_focusRequested, false)) SendFocus(true);
     return RunRunnables();
+}
+
+mirel_ptr<IScrollBar> CHeadlessWindow::CreateScrollBar(ScrollType type) {
+    return m_scrollBarFactory ? m_scrollBarFactory(type) : CSysWindowBase::CreateScrollBar(type);
 }
 
 void CHeadlessWindow::Invalidate(screen_rectangle<int> const& rect) {

@@ -3,6 +3,7 @@
 #include <mirel7/export.h>
 #include <mirel7/sys_window_base.h>
 
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -59,6 +60,12 @@ public:
     // Writes the back buffer; false without a painter or when the file could not be written.
     bool SavePng(std::string const& path);
 
+    // Tests put bars of their own in the window's place: CreateScrollBar() answers what the factory makes.
+    // An empty factory brings the window's own bars back.
+    using ScrollBarFactory = std::function<mirel_ptr<IScrollBar>(ScrollType)>;
+    void SetScrollBarFactory(ScrollBarFactory factory) { m_scrollBarFactory = std::move(factory); }
+    mirel_ptr<IScrollBar> CreateScrollBar(ScrollType type) override;
+
     void Invalidate(screen_rectangle<int> const& rect) override;
     bool ScrollWindow(int dx, int dy, screen_rectangle<int> const& source) override;
 
@@ -71,6 +78,7 @@ protected:
     void Wake() override {}
 
 private:
+    ScrollBarFactory m_scrollBarFactory;
     point<int> m_origin;
     bool m_focusRequested = false;
     int m_invalidations = 0;

@@ -60,6 +60,7 @@ public:
     CVisualElement* GetDraggedElement() const override { return m_draggedElement; }
     void SetDragTarget(CVisualElement* element) override { m_dragTarget = element; }
     CVisualElement* GetDragTarget() const override { return m_dragTarget; }
+    void OpenLink(std::string const& link) const override;
 
     void ProcessDraw(IPainter* painter);
     // The client rectangle less one pixel at the right and bottom; all zero without a window.
@@ -156,6 +157,8 @@ public:
     tarnkit2::signal_t<CBaseControl*> sigSysColorChanged;
     tarnkit2::signal_t<CBaseControl*, CVisualElement*> sigFocusedElementChanged;
     tarnkit2::signal_t<CBaseControl*, std::string const&> sigHelpRequested;
+    // A slot that opens the link itself sets the flag, and the desktop is not asked.
+    tarnkit2::signal_t<CBaseControl*, std::string const&, bool&> sigOpenLink;
 
     explicit CBaseControl(mirel7::ISysWindow* window);
     ~CBaseControl() override;

@@ -4,6 +4,7 @@
 #include <mirelfrw7/core/life_guard.h>
 
 #include <mirel7/sys_window.h>
+#include <mirel7/system.h>
 #include <mirel7/window_painter.h>
 
 #include <cstdlib>
@@ -338,6 +339,13 @@ void CBaseControlImp::ProcessSysColorChanged() {
 
 void CBaseControlImp::ActivateHelp(std::string const& id) const {
     if (m_owner && !id.empty()) m_owner->sigHelpRequested(m_owner, id);
+}
+
+void CBaseControlImp::OpenLink(std::string const& link) const {
+    if (!m_owner || link.empty()) return;
+    bool taken = false;
+    m_owner->sigOpenLink(m_owner, link, taken);
+    if (mirel7::ISystem* const system = mirel7::GetCurrentSystem(); system && !taken) system->OpenLink(link);
 }
 
 } // namespace mirelfrw7

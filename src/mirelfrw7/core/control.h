@@ -54,6 +54,8 @@ public:
     virtual CVisualElement* GetDraggedElement() const = 0;
     virtual void SetDragTarget(CVisualElement* element) = 0;
     virtual CVisualElement* GetDragTarget() const = 0;
+    // Offers the link to the control's open-link slots; when none takes it, the desktop opens it.
+    virtual void OpenLink(std::string const& link) const = 0;
     virtual ~IControl();
 };
 
