@@ -1,0 +1,85 @@
+#pragma once
+
+#include <mirelfrw7/antialiasing/color_info.h>
+#include <mirelfrw7/antialiasing/pixel_map.h>
+#include <mirelfrw7/antialiasing/tag_point.h>
+#include <mirelfrw7/core/drawing_context.h>
+#include <mirelfrw7/export.h>
+
+#include <set>
+
+namespace antialiasing {
+
+using mirelfrw7::IDrawingContext;
+
+// The accumulator of antialiased shapes. A shape arrives as real-valued samples; each is spread over the
+// four whole pixels around it in inverse proportion to a distance law, and each touched pixel sums
+// premultiplied colour and coverage. Normalize promotes full pixels to solid ones; the rest are blended
+// over a background when drawn. Only touched pixels are kept, so the cost follows the shape, not the
+// surface. Generate, the shape itself, is left to the subclasses.
+class MIRELFRW7_API CContour {
+public:
+    using map = pixel_map<CColorInfo>;
+    using solid_map = pixel_map<unsigned long>;
+
+    explicit CContour(unsigned long params) : m_params(params) {}
+    virtual ~CContour();
+    // Forgets every pixel and the bounds; the parameters stay.
+    virtual void Clear();
+    virtual void Generate(CContour* overlayFirst, CContour* overlaySecond) = 0;
+
+    // Spreads one sample. The low two bits of the parameters choose the distance law: 0 the distance to
+    // the power 1.5, 1 the distance, 2 its square, 3 nothing at all. A sample on whole coordinates counts in
+    // full whatever the weight and flags. Flag 0x10 adds through AddLastPoint; flag 8 records the sample in
+    // the last pass too.
+    void AddPoint(double x, double y, CColorInfo& colour, unsigned long flags, double weight);
+    // Adds a share to one pixel: each channel times the share, and 255 times it to the coverage, each
+    // truncated to a whole number before it is summed.
+    static void AddPoint(map& target, int x, int y, CColorInfo& colour, double share);
+    // As the map form on the partial pixels, except that a pixel of the last pass takes no more than what
+    // it lacks of 255.
+    void AddLastPoint(int x, int y, CColorInfo& colour, double share);
+    // Promotes each pixel whose coverage is above `threshold`, or that is forced, to a solid pixel of its
+    // mean colour.
+    void Normalize(unsigned long threshold);
+
+    // Blends the partial pixels over what the context shows, then writes the solid ones.
+    void Draw(IDrawingContext* context) const;
+    void Draw(IDrawingContext* context, unsigned long background) const;
+    // Blends over `first` on the inner side (and unclassified pixels), `second` on the outer one, and their
+    // mean where a pixel is both.
+    void Draw(IDrawingContext* context, unsigned long first, unsigned long second) const;
+    void DrawSolidContour(IDrawingContext* context) const;
+    // Makes every pixel solid by blending the partial ones over `background`.
+    void MixWithBackground(unsigned long background);
+    // The pixel's final colour, or 0xFFFFFFFF outside the shape.
+    unsigned long GetColor(tagPOINT const& point, unsigned long background) const;
+    void PaintContour(unsigned long colour);
+    void ScaleAlpha(double factor);
+    // Moves the pixels; the bounds, the forced pixels and the last pass stay.
+    void Offset(int dx, int dy);
+    // Gives each partial pixel that falls on a pixel of `first` (or failing that on a partial one of
+    // `second`) to that contour: partial pixels there take its sums. Given pixels are kept in m_overlaid.
+    void Overlay(CContour* first, CContour* second);
+
+    // Coverage as a byte mask, 255 where nothing lies: 0 for solid pixels, 255 - coverage for partial ones.
+    void FillAlphaMask(unsigned char* mask, long stride, long height, bool flip) const;
+    void ClearAlphaMask(unsigned char* mask, long stride, long height, bool flip) const;
+
+    void Copy(CContour const& other);
+    void SetParams(CContour const& other);
+
+    // The blend of a partial pixel over a background colour word, channel by channel, wrapping at 8 bits.
+    static unsigned long Blend(CColorInfo const& pixel, unsigned long background);
+
+    unsigned long m_params;
+    // The bounding box of the spread samples; it starts at the origin and so always holds it.
+    tagRECT m_bounds;
+    map m_contour;
+    solid_map m_solid;
+    map m_overlaid;
+    std::set<tagPOINT> m_forced;
+    map m_lastPass;
+};
+
+} // namespace antialiasing
