@@ -65,7 +65,12 @@ void CContour::AddPoint(double x, double y, CColorInfo& colour, unsigned long fl
     } else {
         unsigned long const law = m_params & 3;
         if (law == 3) return;
-        d00 = Law(d00, law), d01 = Law(d01, law), d10 = Law(d10, law), d11 = Law(d11, law);
+        SLawMemo& memo = m_lawMemo;
+        if (memo.law != law || memo.squared[0] != d00 || memo.squared[1] != d01 || memo.squared[2] != d10 ||
+            memo.squared[3] != d11) {
+            memo = {law, {d00, d01, d10, d11}, {Law(d00, law), Law(d01, law), Law(d10, law), Law(d11, law)}};
+        }
+        d00 = memo.distance[0], d01 = memo.distance[1], d10 = memo.distance[2], d11 = memo.distance[3];
         double const k = weight / (1 / d00 + 1 / d01 + 1 / d10 + 1 / d11);
         int const xs[4] = {x0, x0, x1, x1}, ys[4] = {y0, y1, y0, y1};
         double const shares[4] = {k / d00, k / d01, k / d10, k / d11};

@@ -80,6 +80,16 @@ public:
     map m_overlaid;
     std::set<tagPOINT> m_forced;
     map m_lastPass;
+
+private:
+    // The distances of the last spread sample by the law: samples of lines along an axis repeat them
+    // exactly, and the power is the dearest part of a sample.
+    struct SLawMemo {
+        unsigned long law = 4;
+        double squared[4] = {};
+        double distance[4] = {};
+    };
+    SLawMemo m_lawMemo;
 };
 
 } // namespace antialiasing

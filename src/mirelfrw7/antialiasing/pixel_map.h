@@ -4,15 +4,18 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <cstdint>
 #include <utility>
 #include <vector>
 
 namespace antialiasing {
 
-// The pixel store of a contour: pixels in the order of tagPOINT, each once, in one flat array. Adds are
-// appended as they come and merged once, by a sort and a pass that sums the adds of the same pixel, the
-// first time the map is read. Sums of integers do not depend on their order, so this gives the same pixels
-// in the same order with the same sums as an ordered map added to in place, without a tree node per pixel.
+// The pixel store of a contour: pixels in the order of tagPOINT, each once, in one flat array. An add to a
+// pixel added to lately sums in place, found through a direct-mapped table of the last pixel of each 16 by
+// 16 tile position; other adds are appended and merged the first time the map is read, by a sort and a pass
+// that sums the adds of the same pixel. Sums of integers do not depend on their order, so this gives the
+// same pixels in the same order with the same sums as an ordered map added to in place, without a tree node
+// per pixel.
 template <class V>
 class pixel_map {
 public:
@@ -20,13 +23,30 @@ public:
     using iterator = typename std::vector<value_type>::iterator;
     using const_iterator = typename std::vector<value_type>::const_iterator;
 
+    pixel_map() = default;
+    // A copy journals nothing.
+    pixel_map(pixel_map const& other) : m_items(other.m_items), m_merged(other.m_merged) {}
+    pixel_map& operator=(pixel_map const& other) {
+        m_items = other.m_items;
+        m_merged = other.m_merged;
+        return *this;
+    }
+
     // Sums `add` into the pixel, inserting it first with all fields 0.
     void add(tagPOINT p, V const& add) {
+        if (m_journal) m_journal->emplace_back(p, add);
+        std::uint32_t& recent = m_recent[(std::uint32_t(p.x) & 15) << 4 | (std::uint32_t(p.y) & 15)];
+        if (recent < m_items.size() && m_items[recent].first == p) {
+            m_items[recent].second += add;
+            return;
+        }
         if (m_merged && !m_items.empty() && !(m_items.back().first < p)) m_merged = false;
+        recent = std::uint32_t(m_items.size());
         m_items.emplace_back(p, add);
     }
-    // The adds not yet merged, in the order they were made; the whole map when everything is merged.
-    std::vector<value_type> const& unmerged() const { return m_items; }
+    // From now on every add is also appended to `journal` as it comes (null stops it), so that the store can
+    // be checked against another.
+    void set_journal(std::vector<value_type>* journal) { m_journal = journal; }
 
     iterator begin() { return merged().begin(); }
     iterator end() { return merged().end(); }
@@ -100,8 +120,7 @@ private:
         return m_items;
     }
     void merge() const {
-        std::sort(m_items.begin(), m_items.end(),
-                  [](value_type const& l, value_type const& r) { return l.first < r.first; });
+        sort();
         auto out = m_items.begin();
         for (auto in = m_items.begin() + 1; in != m_items.end(); ++in)
             if (in->first == out->first)
@@ -112,9 +131,40 @@ private:
         m_merged = true;
     }
 
+    // Pixels lie in few columns for their number: a counting sort by column and then a sort of each short
+    // column by row beats a general sort. Far-flung pixels take the general one.
+    void sort() const {
+        auto const byPoint = [](value_type const& l, value_type const& r) { return l.first < r.first; };
+        auto const [low, high] =
+            std::minmax_element(m_items.begin(), m_items.end(), [](value_type const& l, value_type const& r) {
+                return l.first.x < r.first.x;
+            });
+        std::int64_t const columns = std::int64_t(high->first.x) - low->first.x + 1;
+        if (columns > 2 * std::int64_t(m_items.size()) + 64) {
+            std::sort(m_items.begin(), m_items.end(), byPoint);
+            return;
+        }
+        std::int32_t const left = low->first.x;
+        std::vector<std::uint32_t> starts(std::size_t(columns) + 1, 0);
+        for (value_type const& item : m_items)
+            ++starts[std::size_t(item.first.x - left) + 1];
+        for (std::size_t c = 1; c < starts.size(); ++c)
+            starts[c] += starts[c - 1];
+        std::vector<value_type> sorted(m_items.size());
+        std::vector<std::uint32_t> next(starts.begin(), starts.end() - 1);
+        for (value_type& item : m_items)
+            sorted[next[std::size_t(item.first.x - left)]++] = std::move(item);
+        for (std::size_t c = 0; c + 1 < starts.size(); ++c)
+            std::sort(sorted.begin() + starts[c], sorted.begin() + starts[c + 1], byPoint);
+        m_items = std::move(sorted);
+    }
+
     // Logically const: merging changes how the pixels are kept, not which they are.
     mutable std::vector<value_type> m_items;
     mutable bool m_merged = true;
+    // Per tile position the index of the pixel last appended there; checked against the pixel before use.
+    std::uint32_t m_recent[256] = {};
+    std::vector<value_type>* m_journal = nullptr;
 };
 
 } // namespace antialiasing

@@ -22,9 +22,10 @@ constexpr int Lines = 10000;
 
 // The reference: every add summed in place into an ordered map, then the promotion and the blend over a
 // fixed colour as the contour makes them, written in the same order (partial pixels, then solid ones).
-std::vector<CMapContext::SWrite> ReferenceWrites(CContour::map const& adds, unsigned long background) {
+std::vector<CMapContext::SWrite> ReferenceWrites(std::vector<CContour::map::value_type> const& adds,
+                                                 unsigned long background) {
     std::map<tagPOINT, CColorInfo> partial;
-    for (auto const& [p, add] : adds.unmerged())
+    for (auto const& [p, add] : adds)
         partial[p] += add;
     std::map<tagPOINT, unsigned long> solid;
     for (auto it = partial.begin(); it != partial.end();) {
@@ -70,10 +71,12 @@ TEST(PixelStore, GivesTheOrderedMapsPixelsOverRandomLines) {
         line.m_startColor = colour();
         line.m_endColor = i % 2 ? colour() : line.m_startColor;
         line.m_startTrim = i % 7 == 0 ? uniform(0, 8) : 0;
+        std::vector<CContour::map::value_type> adds;
+        line.m_contour.set_journal(&adds);
         line.Generate(nullptr, nullptr);
 
         unsigned long const background = unsigned(pick(0, 0xFFFFFF));
-        std::vector<CMapContext::SWrite> const expected = ReferenceWrites(line.m_contour, background);
+        std::vector<CMapContext::SWrite> const expected = ReferenceWrites(adds, background);
         line.Normalize(254);
         CMapContext context;
         line.Draw(&context, background);
