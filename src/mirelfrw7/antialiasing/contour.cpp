@@ -4,8 +4,11 @@
 
 #include <mirel7/assert.h>
 
+#include <algorithm>
+#include <climits>
 #include <cmath>
 #include <cstdlib>
+#include <iterator>
 
 namespace antialiasing {
 
@@ -46,6 +49,10 @@ long MaskRow(long y, long height, bool flip, long flipBase) {
 CContour::~CContour() = default;
 
 void CContour::Clear() {
+    m_ambient.forget_saved();
+    m_ambient.detach();
+    m_ambient.primary().clear();
+    m_ambient.secondary().clear();
     m_bounds = {};
     m_contour.clear();
     m_solid.clear();
@@ -132,9 +139,26 @@ unsigned long CContour::Blend(CColorInfo const& pixel, unsigned long background)
     return channel(pixel.r, 0) | channel(pixel.g, 8) << 8 | channel(pixel.b, 16) << 16;
 }
 
+template <class Visit>
+void CContour::WalkAmbient(Visit visit) const {
+    auto pixel = m_contour.begin();
+    for (auto const& [p, colour] : m_ambient.secondary()) {
+        if (pixel == m_contour.end()) break;
+        if (p == pixel->first) visit(*pixel++, *colour);
+    }
+}
+
 void CContour::Draw(IDrawingContext* context) const {
     if (!context) return;
     unsigned long good = MidGrey;
+    if (!m_ambient.master_primary().empty() && !m_contour.empty()) {
+        WalkAmbient([&](map::value_type const& pixel, unsigned long ambient) {
+            if (ambient != NoColor) good = ambient;
+            context->SetPixel(pixel.first.x, pixel.first.y, Blend(pixel.second, good));
+        });
+        DrawSolidContour(context);
+        return;
+    }
     for (auto const& [p, pixel] : m_contour) {
         unsigned long const read = context->GetPixel(p.x, p.y);
         if (read != NoColor) good = read;
@@ -172,9 +196,28 @@ void CContour::MixWithBackground(unsigned long background) {
     Normalize(254);
     std::vector<solid_map::value_type> mixed;
     mixed.reserve(m_contour.size());
-    for (auto const& [p, pixel] : m_contour)
-        mixed.emplace_back(p, Blend(pixel, background));
-    m_contour.clear();
+    if (m_ambient.master_primary().empty()) {
+        for (auto const& [p, pixel] : m_contour)
+            mixed.emplace_back(p, Blend(pixel, background));
+        m_contour.clear();
+    } else {
+        WalkAmbient([&](map::value_type const& pixel, unsigned long ambient) {
+            CColorInfo const& c = pixel.second;
+            if (ambient != NoColor) {
+                mixed.emplace_back(pixel.first, Blend(c, ambient));
+                return;
+            }
+            // Over the mid grey: 128 x (255 - a) / 255 added to each channel.
+            std::uint32_t const grey = (32640u - 128u * c.a) / 255u;
+            auto const channel = [grey](std::uint32_t sum) { return (sum + grey) & 0xFFu; };
+            mixed.emplace_back(pixel.first, channel(c.r) | channel(c.g) << 8 | channel(c.b) << 16);
+        });
+        // Pixels left out of the walk stay partial.
+        m_contour.erase_if([&](map::value_type const& item) {
+            return std::binary_search(mixed.begin(), mixed.end(), solid_map::value_type(item.first, 0),
+                                      [](auto const& l, auto const& r) { return l.first < r.first; });
+        });
+    }
     m_solid.assign_over(std::move(mixed));
 }
 
@@ -205,10 +248,171 @@ void CContour::ScaleAlpha(double factor) {
     }
 }
 
+namespace {
+// Moves an ambient pixel with its contour.
+struct OffsetPtPred {
+    int dx, dy;
+    tagPOINT operator()(tagPOINT const& p) const { return {p.x + dx, p.y + dy}; }
+};
+} // namespace
+
 void CContour::Offset(int dx, int dy) {
     m_solid.offset(dx, dy);
     m_contour.offset(dx, dy);
     m_overlaid.offset(dx, dy);
+    OffsetPtPred const move{dx, dy};
+    m_ambient.modify_primary_keys(move);
+    ambient_map::_modify_secondary_map(m_ambient.saved() ? *m_ambient.saved() : m_ambient.secondary(), move);
+    for (ambient_map* client : m_ambient.clients())
+        if (!client->secondary().empty()) ambient_map::_modify_secondary_map(client->secondary(), move);
+}
+
+void CContour::Classify(map& points, int cx, int cy) {
+    auto const sign = [](int v, int centre) { return v > centre ? 1 : v < centre ? -1 : 0; };
+    auto const occupied = [this](int x, int y) {
+        return m_contour.contains({x, y}) || m_solid.contains({x, y});
+    };
+    // `points` may be the partial pixels themselves: every neighbour is read before any side is written.
+    std::vector<std::uint32_t> parts;
+    parts.reserve(points.size());
+    for (auto const& [p, pixel] : points) {
+        int const sx = sign(p.x, cx), sy = sign(p.y, cy);
+        bool const outward = occupied(p.x + sx, p.y) && occupied(p.x, p.y + sy);
+        bool const inward = occupied(p.x - sx, p.y) && occupied(p.x, p.y - sy);
+        parts.push_back(outward == inward ? 3 : outward ? 1 : 2);
+    }
+    std::size_t i = 0;
+    for (auto& [p, pixel] : points)
+        pixel.part = parts[i++];
+}
+
+void CContour::RemoveContourPart(map& points, unsigned long mask, unsigned long exclude) {
+    points.erase_if([&](map::value_type const& item) {
+        return (item.second.part & mask) != 0 && (item.second.part & exclude) == 0;
+    });
+}
+
+tagPOINT CContour::FindUtmostHorzPoint(solid_map& solid, map& first, map& second, bool toLeft, int shift,
+                                       tagRECT const& rect) {
+    tagPOINT start;
+    if (!solid.empty()) {
+        start = solid.begin()->first;
+        solid.erase(start);
+    } else if (!first.empty()) {
+        start = first.begin()->first;
+        first.erase(start);
+    } else {
+        MIREL_ASSERT(!second.empty());
+        if (second.empty()) return {0x7FFFFFFF, 0};
+        start = second.begin()->first;
+        second.erase(start);
+    }
+    int x = start.x;
+    auto const take = [&](tagPOINT const& p) {
+        if (p.y != start.y) return false;
+        x = toLeft ? std::min(x, p.x) : std::max(x, p.x);
+        return true;
+    };
+    solid.erase_if([&](solid_map::value_type const& item) { return take(item.first); });
+    first.erase_if([&](map::value_type const& item) { return take(item.first); });
+    long const shifted = long(x) + shift;
+    // The last comparison is with the shifted x, not with y: outlines have always been cut so.
+    bool const inside =
+        shifted >= rect.left && shifted < rect.right && start.y >= rect.top && shifted < rect.bottom;
+    return {inside ? int(shifted) : 0x7FFFFFFF, start.y};
+}
+
+void CContour::BuildAmbientArea(map shifted, map opposite, bool bothSides) {
+    m_ambient.forget_saved();
+    m_ambient.detach();
+    m_ambient.primary().clear();
+    m_ambient.secondary().clear();
+    AddAmbientPoints(shifted);
+    if (bothSides) AddAmbientPoints(opposite);
+    IndexAmbientPoints();
+}
+
+void CContour::BuildAmbientArea(int dx, int dy, bool bothSides) {
+    if (m_contour.empty()) return;
+    map shifted = m_contour, opposite = m_contour;
+    shifted.offset(dx, dy);
+    opposite.offset(-dx, -dy);
+    BuildAmbientArea(std::move(shifted), std::move(opposite), bothSides);
+}
+
+void CContour::BuildAmbientArea(int cx, int cy, int dx, int dy, bool bothSides) {
+    if (m_contour.empty()) return;
+    // Away from the centre; a point on a centre line lands on column or row 0.
+    auto const away = [](int v, int centre, int d) { return v > centre ? v + d : v < centre ? v - d : 0; };
+    map shifted, opposite;
+    for (auto const& [p, pixel] : m_contour) {
+        shifted.add({away(p.x, cx, dx), away(p.y, cy, dy)}, pixel);
+        opposite.add({away(p.x, cx, -dx), away(p.y, cy, -dy)}, pixel);
+    }
+    BuildAmbientArea(std::move(shifted), std::move(opposite), bothSides);
+}
+
+void CContour::AddAmbientPoints(map const& points) {
+    for (auto const& [p, pixel] : points)
+        if (!m_contour.contains(p) && !m_solid.contains(p) && !m_overlaid.contains(p))
+            m_ambient.primary().emplace(p, NoColor);
+}
+
+void CContour::IndexAmbientPoints() {
+    auto const& ambient = m_ambient.master_primary();
+    if (ambient.empty() || m_contour.empty()) return;
+    auto const distance = [](tagPOINT a, tagPOINT b) {
+        std::int64_t const dx = std::int64_t(a.x) - b.x, dy = std::int64_t(a.y) - b.y;
+        return std::sqrt(double(dx * dx + dy * dy));
+    };
+    auto const chebyshev = [](tagPOINT a, tagPOINT b) {
+        return std::max(std::llabs(std::int64_t(a.x) - b.x), std::llabs(std::int64_t(a.y) - b.y));
+    };
+    auto candidate = ambient.lower_bound(m_contour.begin()->first);
+    if (candidate == ambient.end()) candidate = std::prev(ambient.end());
+    auto lower = ambient.end();
+    std::int64_t lowerX = 0;
+    bool haveLower = false;
+    for (auto const& [p, pixel] : m_contour) {
+        std::int64_t const r = chebyshev(candidate->first, p);
+        std::int64_t const fromX = p.x - r;
+        if (!haveLower || fromX != lowerX) {
+            tagPOINT const from{int(std::max<std::int64_t>(fromX, INT32_MIN)), INT32_MIN};
+            lower = fromX < INT32_MIN ? ambient.begin() : ambient.lower_bound(from);
+            lowerX = fromX;
+            haveLower = true;
+        }
+        double best = distance(candidate->first, p);
+        std::int64_t toX = p.x + r;
+        for (auto it = lower; it != ambient.end() && it->first.x <= toX; ++it) {
+            double const d = distance(it->first, p);
+            if (d < best || (d == best && it->first < candidate->first)) {
+                best = d;
+                candidate = it;
+                toX = p.x + chebyshev(it->first, p);
+            }
+        }
+        // The index is into the master's table, which the contour shares but never changes through it.
+        m_ambient.secondary().emplace(p, const_cast<unsigned long*>(&candidate->second));
+    }
+}
+
+void CContour::ShareAmbientArea(CContour& other) {
+    if (other.m_ambient.primary().empty()) return;
+    m_ambient.attach(other.m_ambient, true);
+    IndexAmbientPoints();
+}
+
+void CContour::UpdateAmbientColors(IDrawingContext* context) {
+    if (!context) return;
+    for (auto& [p, colour] : m_ambient.primary())
+        colour = context->GetPixel(p.x, p.y);
+}
+
+unsigned long CContour::GetAmbientColorForPt(tagPOINT const& point) const {
+    if (m_ambient.master_primary().empty()) return NoColor;
+    auto const it = m_ambient.secondary().find(point);
+    return it == m_ambient.secondary().end() ? NoColor : *it->second;
 }
 
 void CContour::Overlay(CContour* first, CContour* second) {
@@ -267,6 +471,7 @@ void CContour::Copy(CContour const& other) {
     m_contour = other.m_contour;
     m_solid = other.m_solid;
     m_overlaid = other.m_overlaid;
+    m_ambient = other.m_ambient;
     m_forced = other.m_forced;
     m_lastPass = other.m_lastPass;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <mirelfrw7/antialiasing/color_info.h>
+#include <mirelfrw7/antialiasing/double_map.h>
 #include <mirelfrw7/antialiasing/pixel_map.h>
 #include <mirelfrw7/antialiasing/tag_point.h>
 #include <mirelfrw7/core/drawing_context.h>
@@ -21,6 +22,8 @@ class MIRELFRW7_API CContour {
 public:
     using map = pixel_map<CColorInfo>;
     using solid_map = pixel_map<unsigned long>;
+    using ambient_map = double_map<tagPOINT, tagPOINT, unsigned long, std::less<tagPOINT>,
+                                   std::less<tagPOINT>, std::allocator<unsigned long>>;
 
     explicit CContour(unsigned long params) : m_params(params) {}
     virtual ~CContour();
@@ -43,7 +46,8 @@ public:
     // mean colour.
     void Normalize(unsigned long threshold);
 
-    // Blends the partial pixels over what the context shows, then writes the solid ones.
+    // Blends the partial pixels over their ambient colours when an ambient area exists, else over what the
+    // context shows; then writes the solid ones.
     void Draw(IDrawingContext* context) const;
     void Draw(IDrawingContext* context, unsigned long background) const;
     // Blends over `first` on the inner side (and unclassified pixels), `second` on the outer one, and their
@@ -66,6 +70,27 @@ public:
     void FillAlphaMask(unsigned char* mask, long stride, long height, bool flip) const;
     void ClearAlphaMask(unsigned char* mask, long stride, long height, bool flip) const;
 
+    // Sets the side of each pixel of `points` against the centre (cx, cy) from its occupied neighbours.
+    void Classify(map& points, int cx, int cy);
+    void RemoveContourPart(map& points, unsigned long mask, unsigned long exclude);
+    // Consumes one row of an outline: its extreme x (leftmost if `toLeft`) plus `shift`, or x 0x7FFFFFFF
+    // when that lies outside `rect`. Not to be called with all three maps empty.
+    tagPOINT FindUtmostHorzPoint(solid_map& solid, map& first, map& second, bool toLeft, int shift,
+                                 tagRECT const& rect);
+
+    // The ambient area: the pixels just outside the shape, displaced from it, whose colours are captured
+    // once and then stand in for the surface.
+    void BuildAmbientArea(int dx, int dy, bool bothSides);
+    // The same, each pixel displaced away from the centre (cx, cy).
+    void BuildAmbientArea(int cx, int cy, int dx, int dy, bool bothSides);
+    void AddAmbientPoints(map const& points);
+    // Gives each partial pixel the colour of an ambient pixel near it, found by a bounded scan in the order
+    // of the ambient table (not always the nearest one; the pixels depend on this very search).
+    void IndexAmbientPoints();
+    void ShareAmbientArea(CContour& other);
+    void UpdateAmbientColors(IDrawingContext* context);
+    unsigned long GetAmbientColorForPt(tagPOINT const& point) const;
+
     void Copy(CContour const& other);
     void SetParams(CContour const& other);
 
@@ -78,10 +103,17 @@ public:
     map m_contour;
     solid_map m_solid;
     map m_overlaid;
+    ambient_map m_ambient;
     std::set<tagPOINT> m_forced;
     map m_lastPass;
 
 private:
+    // Walks the ambient index and the partial pixels together, calling `visit(pixel, ambient colour)` for
+    // each pixel with an entry; a pixel without one stops the walk on it.
+    template <class Visit>
+    void WalkAmbient(Visit visit) const;
+    void BuildAmbientArea(map shifted, map opposite, bool bothSides);
+
     // The distances of the last spread sample by the law: samples of lines along an axis repeat them
     // exactly, and the power is the dearest part of a sample.
     struct SLawMemo {

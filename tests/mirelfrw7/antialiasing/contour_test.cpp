@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <map>
+
 namespace {
 
 using namespace antialiasing;
@@ -147,6 +149,69 @@ TEST(Contour, AlphaMasksStayInsideTheirBytes) {
     EXPECT_EQ(bytes[4 + 0 + 0], 255 - 126) << "(0, 2) flipped to row 0";
     contour.ClearAlphaMask(bytes.data() + 4, 4, 3, false);
     EXPECT_EQ(bytes[4 + 4 + 1], 255);
+}
+
+// Three half-covered pixels on row 0 with their ambient ring on row 1.
+struct CRowWithRing : CSamples {
+    CRowWithRing() : CSamples(0) {
+        CColorInfo black{};
+        for (int x = 0; x < 3; ++x)
+            AddPoint(m_contour, x, 0, black, 0.5);
+        BuildAmbientArea(0, 1, false);
+    }
+};
+
+TEST(Contour, TheAmbientRingKeepsTheColoursOnceCaptured) {
+    CRowWithRing contour;
+    CMapContext context;
+    context.pixels = {{{0, 1}, 0x0000FE}, {{1, 1}, 0xFE0000}};
+    contour.UpdateAmbientColors(&context);
+    context.pixels.clear();
+    contour.Draw(&context);
+    using W = CMapContext::SWrite;
+    EXPECT_EQ(context.writes, (std::vector<W>{{0, 0, 0x00007F}, {1, 0, 0x7F0000}, {2, 0, 0x7F0000}}))
+        << "an unknown ambient colour takes the last known one";
+
+    CRowWithRing client;
+    client.ShareAmbientArea(contour);
+    contour.Offset(5, 5);
+    EXPECT_EQ(contour.GetAmbientColorForPt({6, 5}), 0xFE0000ul);
+    EXPECT_EQ(client.GetAmbientColorForPt({6, 5}), 0xFE0000ul) << "the client's index moved with the table";
+    EXPECT_EQ(client.GetAmbientColorForPt({1, 0}), 0xFFFFFFFFul);
+
+    contour.MixWithBackground(0);
+    EXPECT_TRUE(contour.m_contour.empty());
+    EXPECT_EQ(contour.GetColor({5, 5}, 0), 0x00007Ful);
+    EXPECT_EQ(contour.GetColor({7, 5}, 0), 0x404040ul) << "over the mid grey";
+}
+
+TEST(Contour, ClassifiesSidesAndCutsOutlineRows) {
+    CSamples contour(0);
+    CColorInfo black{};
+    // A block of 3 by 3 pixels right of and below the centre (0, 0).
+    for (int x = 1; x <= 3; ++x)
+        for (int y = 1; y <= 3; ++y)
+            contour.AddPoint(contour.m_contour, x, y, black, 0.5);
+    contour.Classify(contour.m_contour, 0, 0);
+    std::map<std::uint32_t, int> parts;
+    for (auto const& [p, pixel] : contour.m_contour)
+        ++parts[pixel.part];
+    EXPECT_EQ(contour.m_contour.find({1, 1})->second.part, 1u) << "inner edge";
+    EXPECT_EQ(contour.m_contour.find({3, 3})->second.part, 2u) << "outer edge";
+    EXPECT_EQ(contour.m_contour.find({2, 2})->second.part, 3u) << "both ways occupied";
+    contour.RemoveContourPart(contour.m_contour, 2, 1);
+    EXPECT_EQ(contour.m_contour.size(), 9u - parts[2]);
+
+    CContour::solid_map solid;
+    CContour::map none;
+    struct SCase {
+        int shift;
+        tagPOINT expected;
+    };
+    // Rows 1 and 2 are left; the last test compares the shifted x with the bottom.
+    for (SCase c : {SCase{0, {1, 1}}, SCase{6, {0x7FFFFFFF, 2}}})
+        EXPECT_EQ(contour.FindUtmostHorzPoint(solid, contour.m_contour, none, true, c.shift, {0, 0, 20, 6}),
+                  c.expected);
 }
 
 } // namespace
