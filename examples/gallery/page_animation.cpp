@@ -133,9 +133,9 @@ private:
     std::string m_text = "Click the buttons while the spinner turns and the strip fills.";
 };
 
-class CButton : public CSwatch {
+class CActionTile : public CSwatch {
 public:
-    CButton(CVisualElement* parent, std::string name, _color color, std::function<void()> action)
+    CActionTile(CVisualElement* parent, std::string name, _color color, std::function<void()> action)
         : CSwatch(parent, AlignLeft, {130, 0}, color, std::move(name)), m_action(std::move(action)) {}
     bool HandleClick(int, int, int, mirel7::MouseButton) override {
         m_action();
@@ -154,13 +154,14 @@ public:
         m_report = new CReport(this);
         auto* buttons = new CVisualElement(this, {0, 44}, AlignTop);
         _color const spinnerColor(0, 158, 115), stripColor(86, 180, 233);
-        new CButton(buttons, "start spinner", spinnerColor,
-                    [this] { Do(m_spinner, &CImage::StartAnimation); });
-        new CButton(buttons, "stop spinner", spinnerColor, [this] { Do(m_spinner, &CImage::StopAnimation); });
-        new CButton(buttons, "destroy spinner", spinnerColor, [this] { Destroy(m_spinner, "spinner"); });
-        new CButton(buttons, "start strip", stripColor, [this] { Do(m_strip, &CProgressStrip::Start); });
-        new CButton(buttons, "stop strip", stripColor, [this] { Do(m_strip, &CProgressStrip::Stop); });
-        new CButton(buttons, "destroy strip", stripColor, [this] { Destroy(m_strip, "strip"); });
+        new CActionTile(buttons, "start spinner", spinnerColor,
+                        [this] { Do(m_spinner, &CImage::StartAnimation); });
+        new CActionTile(buttons, "stop spinner", spinnerColor,
+                        [this] { Do(m_spinner, &CImage::StopAnimation); });
+        new CActionTile(buttons, "destroy spinner", spinnerColor, [this] { Destroy(m_spinner, "spinner"); });
+        new CActionTile(buttons, "start strip", stripColor, [this] { Do(m_strip, &CProgressStrip::Start); });
+        new CActionTile(buttons, "stop strip", stripColor, [this] { Do(m_strip, &CProgressStrip::Stop); });
+        new CActionTile(buttons, "destroy strip", stripColor, [this] { Destroy(m_strip, "strip"); });
 
         m_strip = new CProgressStrip(this);
         m_spinner = new CImage(this, {}, AlignClient);
