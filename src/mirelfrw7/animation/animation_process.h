@@ -53,7 +53,8 @@ protected:
     bool m_startPending = false;
 };
 
-enum AnimationProcessType { AnimationProcessThread = 0, AnimationProcessTimer = 1 };
+// Any other value may be set and makes no process.
+enum AnimationProcessType : int { AnimationProcessThread = 0, AnimationProcessTimer = 1 };
 
 // A new process of the default type; empty for a default that names no type.
 MIRELFRW7_API mirel7::mirel_ptr<IAnimationProcess> CreateAnimationProcess();
