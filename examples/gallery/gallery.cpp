@@ -37,8 +37,9 @@ public:
         mirel7::rectangle<int> const b = GetBounds();
         painter->FillRect(b.left, b.top, b.right, b.bottom);
         auto const& pages = Pages();
+        int const width = TabWidth();
         for (int i = 0; i < static_cast<int>(pages.size()); ++i) {
-            mirel7::rectangle<double> const tab(i * m_tabWidth, b.top, (i + 1) * m_tabWidth - 2, b.bottom);
+            mirel7::rectangle<double> const tab(i * width, b.top, (i + 1) * width - 2, b.bottom);
             bool const current = i == m_gallery.GetPage();
             mirel7::brush fill;
             fill.color = current ? mirel7::_color(86, 156, 214) : mirel7::_color(60, 64, 72);
@@ -51,13 +52,19 @@ public:
     }
 
     bool HandleButtonDown(int x, int, int, mirel7::MouseButton button) override {
-        int const page = x / m_tabWidth;
+        int const page = x / TabWidth();
         if (button != mirel7::ButtonLeft || page >= static_cast<int>(Pages().size())) return false;
         m_gallery.ShowPage(page);
         return true;
     }
 
 private:
+    // Tabs narrow when the pages outgrow the window, so that every page stays reachable by the mouse.
+    int TabWidth() const {
+        int const count = std::max(1, static_cast<int>(Pages().size()));
+        return std::max(1, std::min(m_tabWidth, (GetBounds().Width() + 1) / count));
+    }
+
     CGallery& m_gallery;
     int m_tabWidth = 110;
 };

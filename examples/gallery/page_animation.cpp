@@ -201,6 +201,6 @@ void BuildAnimationPage(CVisualElement* host) {
     new CAnimationPage(host);
 }
 
-GALLERY_PAGE(60, "animation", BuildAnimationPage)
+GALLERY_PAGE(80, "animation", BuildAnimationPage)
 
 } // namespace gallery

@@ -149,6 +149,6 @@ void BuildLinesPage(CVisualElement* host) {
     new CLinesSample(host);
 }
 
-GALLERY_PAGE(60, "lines", BuildLinesPage)
+GALLERY_PAGE(70, "lines", BuildLinesPage)
 
 } // namespace gallery
