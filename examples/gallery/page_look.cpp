@@ -1,5 +1,5 @@
 // The native look: every piece a control asks the painter for, in every state, and bordered boxes in every
-// shape and style, at the window's scale. The space at the bottom right is kept for pictures and text.
+// shape and style, XPM pictures normal and greyed, and a paragraph of text with links, at the window's scale.
 #include "gallery.h"
 
 #include <mirelfrw7/core/clip_holder.h>
@@ -7,6 +7,8 @@
 #include <mirel7/border.h>
 #include <mirel7/custom_palette.h>
 #include <mirel7/system.h>
+#include <mirel7/text_formatter.h>
+#include <mirel7/xpm.h>
 
 namespace gallery {
 
@@ -61,6 +63,28 @@ constexpr SStateColumn StateColumns[] = {
     {"greyed", 0, true},
 };
 
+// A folder and a note, as small pictures are built into programs.
+char const* const FolderPicture[] = {
+    "16 16 4 1",        ". c None",         "o c #9A6A10",      "y c #F2C14E",      "l c #FBE3A0",
+    "................", "................", ".oooo...........", "oyyyyo..........", "oyyyyyoooooooo..",
+    "olllllllllllllo.", "oyyyyyyyyyyyyyo.", "oyyyyyyyyyyyyyo.", "oyyyyyyyyyyyyyo.", "oyyyyyyyyyyyyyo.",
+    "oyyyyyyyyyyyyyo.", "oyyyyyyyyyyyyyo.", "oyyyyyyyyyyyyyo.", ".ooooooooooooo..", "................",
+    "................",
+};
+char const* const NotePicture[] = {
+    "16 16 5 1",        ". c None",         "k c #3B4A5A",      "w c #FFFFFF",      "b c #4C8ED9",
+    "r c #D9534F",      "..kkkkkkkkkk....", "..kwwwwwwwwkk...", "..kwbbbbwwwkwk..", "..kwwwwwwwwkkkk.",
+    "..kwbbbbbbbbwwk.", "..kwwwwwwwwwwwk.", "..kwbbbbbbbbbwk.", "..kwwwwwwwwwwwk.", "..kwbbbbbbbbbwk.",
+    "..kwwwwwwwwwwwk.", "..kwbbbbbbwwwwk.", "..kwwwwwwwwwrwk.", "..kwwwwwwwwrwwk.", "..kwwwwwwwrwwwk.",
+    "..kwwwwwwwwwwwk.", "..kkkkkkkkkkkkk.",
+};
+
+constexpr char const* Paragraph =
+    "Text with <b>bold</b>, <i>italic</i> and <u>underlined</u> words, "
+    "<font color=\"#C0392B\">coloured runs</font>, entities such as &lt;tag&gt; &amp; &quot;quotes&quot;, "
+    "and links: <a href=\"https://example.org/grid\">the grid</a> or "
+    "<a href=\"https://example.org/headers\">multi-level headers</a>.<br>A line break starts a new line.";
+
 constexpr char const* ShapeNames[] = {"box", "soft box", "bottom", "top", "left", "right", "bottom right"};
 constexpr char const* StyleNames[] = {"flat", "raised", "sunken"};
 
@@ -74,6 +98,8 @@ public:
         painter->SetTextColor(_color(40, 40, 40));
         DrawElements(painter, b.left + U(12), b.top + U(10));
         DrawBorders(painter, b.left + U(560), b.top + U(10));
+        DrawPictures(painter, b.left + U(560), b.top + U(330));
+        DrawParagraph(painter, b.left + U(560), b.top + U(410), b.right - U(10));
     }
 
 private:
@@ -155,7 +181,41 @@ private:
         painter->SetCustomPalette(nullptr);
     }
 
+    void DrawPictures(IPainter* painter, int x, int y) const {
+        Label(painter, x, y, U(240), U(TitleHeight), "XPM pictures, normal and greyed", IPainter::AlignLeft);
+        y += U(TitleHeight) + U(4);
+        int left = x;
+        for (mirel7::XPMImage const* picture : {&m_folder, &m_note}) {
+            for (bool greyed : {false, true}) {
+                painter->SetDisabled(greyed);
+                painter->DrawXPM(*picture, left, y, 0, 0, -1, -1);
+                painter->SetDisabled(false);
+                left += U(28);
+            }
+        }
+        // The greyed look as a picture of its own, as an element keeps one for its disabled state.
+        painter->DrawXPM(m_folderDisabled, left, y, 0, 0, -1, -1);
+    }
+
+    void DrawParagraph(IPainter* painter, int x, int y, int right) const {
+        Label(painter, x, y, U(240), U(TitleHeight), "Text with links", IPainter::AlignLeft);
+        y += U(TitleHeight);
+        mirel7::CHTMLTextFormatter formatter;
+        painter->DrawStringEx(rectangle<double>(x, y, right, y + U(160)), Paragraph,
+                              IPainter::AlignLeft | IPainter::AlignTop, -1, " ", &formatter);
+    }
+
+    template <std::size_t N>
+    static mirel7::XPMImage Decoded(char const* const (&lines)[N]) {
+        mirel7::XPMImage picture{mirel7::XPMBuf(lines)};
+        picture.Init();
+        return picture;
+    }
+
     double m_scale = 1.0;
+    mirel7::XPMImage m_folder = Decoded(FolderPicture);
+    mirel7::XPMImage m_note = Decoded(NotePicture);
+    mirel7::XPMImage m_folderDisabled = m_folder.GetDisabled(nullptr);
 };
 
 void BuildLookPage(CVisualElement* host) {
