@@ -245,6 +245,12 @@ void CSdlWindow::DispatchMenu(SDL_Event const& event) {
     case SDL_WINDOWEVENT:
         if (event.window.event == SDL_WINDOWEVENT_EXPOSED) RedrawMenuWindow();
         break;
+    case SDL_KEYDOWN:
+    case SDL_KEYUP:
+        // The desktop may give the menu's window the keyboard; its keys are the window's, which hands them
+        // on.
+        Dispatch(event);
+        break;
     default:
         break;
     }
