@@ -67,7 +67,8 @@ public:
     MouseButton button = ButtonNone;
 };
 
-// `delta` counts notches: +1 is one notch away from the user.
+// `delta` counts notches: +1 is one notch away from the user. A sideways wheel arrives the same way with
+// FlagShift set, as a notch with Shift held scrolls sideways: +1 is one notch to the left.
 class MIREL7_API CMouseWheelEvent : public CMouseEvent {
 public:
     CMouseWheelEvent() = default;

@@ -67,6 +67,9 @@ public:
     // A native scroll bar in a region of this window, placed empty until moved; null when the window cannot
     // make one.
     virtual mirel_ptr<IScrollBar> CreateScrollBar(ScrollType type) = 0;
+
+    // Takes a tooltip down, if one shows; the next is asked for once the pointer rests again.
+    virtual void HideTooltip() = 0;
 };
 
 } // namespace mirel7

@@ -1,4 +1,5 @@
 #include <mirel7/custom_control_base.h>
+#include <mirel7/popup_menu.h>
 #include <mirel7/sys_scroll_bar.h>
 #include <mirel7/sys_window_base.h>
 #include <mirel7/system_base.h>
@@ -46,9 +47,11 @@ int NormalizeCursor(int cursor) {
 CSysWindowBase::CSysWindowBase(CSystemBase& system, size<int> clientSize,
                                std::unique_ptr<IWindowPainter> painter)
     : m_system(system), m_painter(std::move(painter)), m_queue([this] { Wake(); }), m_size(clientSize),
-      m_hoverTimer(system.CreateTimer(HoverDelayMs, false)) {
+      m_hoverTimer(system.CreateTimer(HoverDelayMs, false)),
+      m_tipTimer(system.CreateTimer(HoverDelayMs, false)) {
     if (!m_painter) m_painter = NewWindowPainter(clientSize, system.GetDPIScale());
     m_hoverTimer->GetEventSender()->Subscribe<ITimerNotify>(&m_hover);
+    m_tipTimer->GetEventSender()->Subscribe<ITimerNotify>(&m_tooltip);
     m_system.AddWindow(this);
 }
 
@@ -56,6 +59,7 @@ CSysWindowBase::~CSysWindowBase() {
     m_queue.Close();
     for (CCustomControlBase* control : m_customControls)
         control->Detach();
+    if (m_menu) std::exchange(m_menu, nullptr)->m_window = nullptr;
     m_system.RemoveWindow(this);
 }
 
@@ -140,6 +144,7 @@ void CSysWindowBase::ClientToScreen(point<int>& p) const {
 bool CSysWindowBase::ScrollWindow(int dx, int dy, screen_rectangle<int> const& source) {
     if (!m_painter || m_closing) return false;
     screen_rectangle<int> const s = source.Normalized();
+    HideTooltip();
     m_painter->ScrollBuffer(dx, dy, rectangle<int>(s));
     // The moved copy is what changed on the screen; the source is inclusive, the damage exclusive.
     AddDamage({s.left + dx, s.top + dy, s.right + dx + 1, s.bottom + dy + 1});
@@ -158,6 +163,11 @@ CMouseEvent CSysWindowBase::PointerEvent(int x, int y, MouseButton button, int m
 
 void CSysWindowBase::SendButton(bool down, int x, int y, MouseButton button, int modifiers) {
     if (m_closing) return;
+    HideTooltip();
+    if (m_menu && down) {
+        m_menu->Close();
+        return;
+    }
     m_modifiers = modifiers;
     if (down)
         m_buttons |= ButtonBit(button);
@@ -171,6 +181,7 @@ void CSysWindowBase::SendButton(bool down, int x, int y, MouseButton button, int
 
 void CSysWindowBase::SendDoubleClick(int x, int y, MouseButton button, int modifiers) {
     if (m_closing) return;
+    HideTooltip();
     m_modifiers = modifiers;
     m_buttons |= ButtonBit(button);
     m_pointer = {x, y};
@@ -187,9 +198,14 @@ void CSysWindowBase::SendMove(int x, int y, int modifiers) {
     m_pointerInside = x >= 0 && y >= 0 && x < m_size.cx && y < m_size.cy;
     // A captured pointer reports moves outside the window too; where it is at the release decides the leave.
     if (m_captured) m_leftWhileCaptured = !m_pointerInside;
-    // A move restarts the rest that makes a hover.
+    // A move restarts the rest that makes a hover, and the one that makes a tooltip.
     m_hoverTimer->SetActive(false);
     if (m_trackHover && m_pointerInside) m_hoverTimer->SetActive(true);
+    bool const inTip =
+        x >= m_tipValid.left && x <= m_tipValid.right && y >= m_tipValid.top && y <= m_tipValid.bottom;
+    if (m_tipShown && !inTip) HideTooltip();
+    m_tipTimer->SetActive(false);
+    if (!m_tipShown && m_pointerInside && m_buttons == 0) m_tipTimer->SetActive(true);
     if (RouteMove({x, y})) return;
     MouseButton held = ButtonNone;
     for (MouseButton b : {ButtonLeft, ButtonRight, ButtonMiddle})
@@ -200,6 +216,7 @@ void CSysWindowBase::SendMove(int x, int y, int modifiers) {
 
 void CSysWindowBase::SendWheel(int x, int y, int delta, int modifiers) {
     if (m_closing) return;
+    HideTooltip();
     m_modifiers = modifiers;
     if (CCustomControlBase* const control = CustomControlAt({x, y})) {
         mirel_ptr<ICustomControl> const keep(control);
@@ -214,6 +231,7 @@ void CSysWindowBase::SendLeave() {
     if (m_closing) return;
     m_pointerInside = false;
     m_hoverTimer->SetActive(false);
+    HideTooltip();
     if (!m_pressedControl) SetHotControl(nullptr);
     if (m_captured) {
         m_leftWhileCaptured = true;
@@ -237,7 +255,12 @@ void CSysWindowBase::CHoverTimer::OnTimer(CTimerEvent*) {
 }
 
 CKeyboardEvent CSysWindowBase::SendKey(bool down, int virtualKey, int modifiers) {
+    HideTooltip();
     CKeyboardEvent event(modifiers & (FlagShift | FlagControl | FlagAlt), virtualKey, 0);
+    if (m_menu && !m_closing) {
+        if (down) m_menu->KeyPressed(virtualKey);
+        return event;
+    }
     if (down && m_focusedControl && !m_closing) {
         mirel_ptr<ICustomControl> const keep(m_focusedControl);
         if (m_focusedControl->IsEnabled() && m_focusedControl->OnKeyDown(virtualKey, event.flags))
@@ -256,6 +279,7 @@ CKeyboardEvent CSysWindowBase::SendChar(int characterCode, int modifiers) {
 void CSysWindowBase::SendFocus(bool focused) {
     if (m_closing || focused == m_focused) return;
     m_focused = focused;
+    if (!focused && m_menu) m_menu->Close();
     if (!focused && m_focusedControl) {
         std::exchange(m_focusedControl, nullptr)->Invalidate();
     }
@@ -302,6 +326,8 @@ void CSysWindowBase::SendDestroy() {
     m_closing = true;
     m_queue.Close();
     m_hoverTimer->SetActive(false);
+    HideTooltip();
+    if (m_menu) m_menu->Close();
     if (m_captured) {
         m_captured = false;
         ApplyCapture(false);
@@ -309,6 +335,63 @@ void CSysWindowBase::SendDestroy() {
     CWindowEvent event;
     // The destroy event goes out even though the window is closing: it is the one event that says so.
     m_sender->Fire(&IWindowNotify::OnDestroy, &event);
+}
+
+void CSysWindowBase::HideTooltip() {
+    m_tipTimer->SetActive(false);
+    if (!std::exchange(m_tipShown, false)) return;
+    m_tipValid = {};
+    CloseTooltip();
+}
+
+void CSysWindowBase::AskTooltip() {
+    m_tipTimer->SetActive(false);
+    if (m_closing || m_tipShown || !m_pointerInside || m_buttons != 0) return;
+    CTooltipEvent const event = SendTooltip(m_pointer.x, m_pointer.y, false);
+    if (event.text.empty() || m_closing) return;
+    m_tipShown = true;
+    m_tipValid = event.rect.IsAllZero() ? rectangle<int>{m_pointer.x, m_pointer.y, m_pointer.x, m_pointer.y}
+                                        : event.rect.Normalized();
+    point<int> at = m_pointer;
+    ClientToScreen(at);
+    // The pointer's own cell: the tip goes below the arrow, or above it at the screen's foot.
+    int const cell = static_cast<int>(20 * std::max(1.0, m_system.GetDPIScale()));
+    bool const ownFont = !event.tooltipFont.face.empty() || event.tooltipFont.size > 0;
+    OpenTooltip(event.text, ownFont ? event.tooltipFont : m_system.GetDefaultFont(),
+                {at.x, at.y, at.x + 1, at.y + cell});
+}
+
+void CSysWindowBase::CTooltipTimer::OnTimer(CTimerEvent*) {
+    m_window.AskTooltip();
+}
+
+void CSysWindowBase::OpenPopupMenu(CPopupMenu* menu, point<int> const& at) {
+    if (m_closing || !menu) return;
+    if (m_menu) m_menu->Close();
+    menu->Close();
+    HideTooltip();
+    m_menu = menu;
+    menu->m_window = this;
+    double const scale = m_system.GetDPIScale();
+    std::unique_ptr<IWindowPainter> const measure = NewWindowPainter({1, 1}, scale);
+    point<int> screen = at;
+    ClientToScreen(screen);
+    OpenMenuWindow(menu->Measure(measure.get(), scale), {screen.x, screen.y, screen.x, screen.y});
+    RedrawPopupMenu();
+}
+
+void CSysWindowBase::ClosePopupMenu(CPopupMenu* menu) {
+    if (menu != m_menu) return;
+    m_menu = nullptr;
+    CloseMenuWindow();
+}
+
+void CSysWindowBase::SendMenuPointer(bool released, point<int> const& at) {
+    if (!m_menu) return;
+    if (released)
+        m_menu->PointerReleased(at, m_system.GetDPIScale());
+    else
+        m_menu->PointerMoved(at, m_system.GetDPIScale());
 }
 
 mirel_ptr<IScrollBar> CSysWindowBase::CreateScrollBar(ScrollType type) {

@@ -9,11 +9,13 @@
 #include <mirel7/window_painter.h>
 
 #include <memory>
+#include <string>
 #include <vector>
 
 namespace mirel7 {
 
 class CCustomControlBase;
+class CPopupMenu;
 class CSystemBase;
 
 // What the windows of every backend share: the sender, the paint and present cycle over the back buffer,
@@ -47,6 +49,9 @@ public:
     ISynchronizer* GetSynchronizer() override { return &m_queue; }
     bool IsClosing() const override { return m_closing; }
     mirel_ptr<IScrollBar> CreateScrollBar(ScrollType type) override;
+    void HideTooltip() override;
+    bool IsTooltipShown() const { return m_tipShown; }
+    CPopupMenu* GetOpenMenu() const { return m_menu; }
 
     // The native controls of the window, in the order they were made; the last is on top.
     std::vector<CCustomControlBase*> const& GetCustomControls() const { return m_customControls; }
@@ -71,6 +76,16 @@ protected:
     virtual void Present(screen_rectangle<int> const& area) = 0;
     // Called from any thread after a runnable was posted.
     virtual void Wake() = 0;
+    // Shows the tooltip text by `anchor` (screen pixels, the pointer's cell), or takes it down.
+    virtual void OpenTooltip(std::string const& text, font const& textFont,
+                             screen_rectangle<int> const& anchor) = 0;
+    virtual void CloseTooltip() = 0;
+    // Shows the open menu's window by `anchor` (screen pixels), draws it again, or takes it down.
+    virtual void OpenMenuWindow(size<int> menuSize, screen_rectangle<int> const& anchor) = 0;
+    virtual void RedrawMenuWindow() = 0;
+    virtual void CloseMenuWindow() = 0;
+    // Pointer input on the open menu's window, in its own pixels.
+    void SendMenuPointer(bool released, point<int> const& at);
 
     // Input as the desktop reports it, in client pixels; `modifiers` holds FlagShift, FlagControl and
     // FlagAlt. The window adds the button state to the flags.
@@ -98,6 +113,13 @@ protected:
 private:
     friend class CSystemBase;
     friend class CCustomControlBase;
+    friend class CPopupMenu;
+
+    void OpenPopupMenu(CPopupMenu* menu, point<int> const& at);
+    void ClosePopupMenu(CPopupMenu* menu);
+    void RedrawPopupMenu() {
+        if (m_menu) RedrawMenuWindow();
+    }
 
     void AddCustomControl(CCustomControlBase* control);
     void RemoveCustomControl(CCustomControlBase* control);
@@ -120,6 +142,17 @@ private:
         CSysWindowBase& m_window;
     };
 
+    // The tooltip is asked for once the pointer rested as long as for a hover, wherever the control tracks.
+    class CTooltipTimer : public CTimerNotify {
+    public:
+        explicit CTooltipTimer(CSysWindowBase& window) : m_window(window) {}
+        void OnTimer(CTimerEvent* event) override;
+
+    private:
+        CSysWindowBase& m_window;
+    };
+
+    void AskTooltip();
     CMouseEvent PointerEvent(int x, int y, MouseButton button, int modifiers) const;
     void AddDamage(screen_rectangle<int> const& area);
 
@@ -151,6 +184,12 @@ private:
     bool m_pressCaptured = false;
     CHoverTimer m_hover{*this};
     mirel_ptr<ISysTimer> m_hoverTimer;
+    CTooltipTimer m_tooltip{*this};
+    mirel_ptr<ISysTimer> m_tipTimer;
+    bool m_tipShown = false;
+    CPopupMenu* m_menu = nullptr;
+    // Where the shown tooltip stays valid, client pixels inclusive.
+    rectangle<int> m_tipValid;
 };
 
 } // namespace mirel7

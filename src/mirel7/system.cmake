@@ -5,6 +5,8 @@ target_sources(mirel7 PRIVATE
   mirel_control.cpp
   notify.cpp
   palette.cpp
+  popup.cpp
+  popup_menu.cpp
   runnable_queue.cpp
   spawn.cpp
   custom_control_base.cpp

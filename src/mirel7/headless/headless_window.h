@@ -6,6 +6,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace mirel7::headless {
 
@@ -66,6 +67,23 @@ public:
     void SetScrollBarFactory(ScrollBarFactory factory) { m_scrollBarFactory = std::move(factory); }
     mirel_ptr<IScrollBar> CreateScrollBar(ScrollType type) override;
 
+    // What a desktop would show: the tooltips opened so far, text and anchor, and whether one shows now.
+    struct STooltip {
+        std::string text;
+        screen_rectangle<int> anchor;
+    };
+    std::vector<STooltip> const& GetTooltips() const { return m_tooltips; }
+    // The open menu's window: its size and anchor, and how often it was drawn; empty when closed.
+    struct SMenuWindow {
+        size<int> extent;
+        screen_rectangle<int> anchor;
+        int draws = 0;
+    };
+    SMenuWindow const& GetMenuWindow() const { return m_menuWindow; }
+    // The pointer on the open menu's window, in its pixels.
+    void InjectMenuMove(int x, int y) { SendMenuPointer(false, {x, y}); }
+    void InjectMenuClick(int x, int y) { SendMenuPointer(true, {x, y}); }
+
     void Invalidate(screen_rectangle<int> const& rect) override;
     bool ScrollWindow(int dx, int dy, screen_rectangle<int> const& source) override;
 
@@ -76,9 +94,20 @@ protected:
     void RequestFocus() override;
     void Present(screen_rectangle<int> const&) override {}
     void Wake() override {}
+    void OpenTooltip(std::string const& text, font const&, screen_rectangle<int> const& anchor) override {
+        m_tooltips.push_back({text, anchor});
+    }
+    void CloseTooltip() override {}
+    void OpenMenuWindow(size<int> menuSize, screen_rectangle<int> const& anchor) override {
+        m_menuWindow = {menuSize, anchor, 0};
+    }
+    void RedrawMenuWindow() override { ++m_menuWindow.draws; }
+    void CloseMenuWindow() override { m_menuWindow = {}; }
 
 private:
     ScrollBarFactory m_scrollBarFactory;
+    std::vector<STooltip> m_tooltips;
+    SMenuWindow m_menuWindow;
     point<int> m_origin;
     bool m_focusRequested = false;
     int m_invalidations = 0;

@@ -84,7 +84,12 @@ void CSdlSystem::Dispatch(SDL_Event const& event) {
     default:
         return; // wake-ups and what no window takes
     }
-    if (CSdlWindow* const window = FindWindow(windowId)) window->Dispatch(event);
+    if (CSdlWindow* const window = FindWindow(windowId)) return window->Dispatch(event);
+    for (CSysWindowBase* window : GetWindows()) {
+        auto* const sdlWindow = static_cast<CSdlWindow*>(window);
+        if (sdlWindow->GetMenuWindow().IsOpen() && sdlWindow->GetMenuWindow().GetId() == windowId)
+            return sdlWindow->DispatchMenu(event);
+    }
 }
 
 bool CSdlSystem::RunOnce(int timeoutMs) {

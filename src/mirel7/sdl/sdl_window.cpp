@@ -1,6 +1,9 @@
 #include <mirel7/sdl/sdl_system.h>
 #include <mirel7/sdl/sdl_window.h>
 
+#include <mirel7/palette.h>
+#include <mirel7/popup_menu.h>
+
 #include <SDL.h>
 
 #include <algorithm>
@@ -131,7 +134,8 @@ std::vector<int> CodePoints(char const* text) {
 
 CSdlWindow::CSdlWindow(CSdlSystem& system, std::string const& title, size<int> clientSize,
                        std::unique_ptr<IWindowPainter> painter, point<int> const* position)
-    : CSysWindowBase(system, clientSize, std::move(painter)), m_sdlSystem(system) {
+    : CSysWindowBase(system, clientSize, std::move(painter)), m_sdlSystem(system),
+      m_tooltipWindow(SDL_WINDOW_TOOLTIP), m_menuWindow(SDL_WINDOW_POPUP_MENU) {
     if (!system.IsReady()) {
         SetClosing();
         return;
@@ -184,25 +188,72 @@ void CSdlWindow::RequestFocus() {
 }
 
 void CSdlWindow::Present(screen_rectangle<int> const& area) {
-    IWindowPainter* const painter = GetPainter();
-    SDL_Surface* const surface = m_window ? SDL_GetWindowSurface(m_window) : nullptr;
-    if (!painter || !surface) return;
-    IWindowPainter::SPixels const pixels = painter->BeginPixelAccess();
-    int const left = std::max(area.left, 0), top = std::max(area.top, 0);
-    int const right = std::min({area.right, pixels.width, surface->w});
-    int const bottom = std::min({area.bottom, pixels.height, surface->h});
-    if (pixels.data && right > left && bottom > top) {
-        if (SDL_MUSTLOCK(surface)) SDL_LockSurface(surface);
-        auto* const target = static_cast<std::uint8_t*>(surface->pixels) + top * surface->pitch +
-                             left * surface->format->BytesPerPixel;
-        SDL_ConvertPixels(right - left, bottom - top, SDL_PIXELFORMAT_ARGB8888,
-                          pixels.data + top * pixels.stride + left, pixels.stride * 4,
-                          surface->format->format, target, surface->pitch);
-        if (SDL_MUSTLOCK(surface)) SDL_UnlockSurface(surface);
-        SDL_Rect const rect{left, top, right - left, bottom - top};
-        SDL_UpdateWindowSurfaceRects(m_window, &rect, 1);
+    PresentPixels(m_window, GetPainter(), area);
+}
+
+void CSdlWindow::OpenTooltip(std::string const& text, font const& textFont,
+                             screen_rectangle<int> const& anchor) {
+    double const scale = GetPainter() ? GetPainter()->GetDPIScale() : 1.0;
+    int const pad = static_cast<int>(4 * scale);
+    std::unique_ptr<IWindowPainter> const measure = NewWindowPainter({1, 1}, scale);
+    measure->SetFont(textFont);
+    size<double> const textSize = measure->GetTextSize(text);
+    size<int> const tip{static_cast<int>(textSize.cx) + 2 * pad, static_cast<int>(textSize.cy) + 2 * pad};
+    m_tooltipWindow.Open(tip, anchor);
+    IWindowPainter* const painter = m_tooltipWindow.GetPainter();
+    ISysPalette* const palette = GetSysPalette();
+    painter->BeginPaint(IPainter::PaintPlain);
+    painter->SetBrush(
+        {palette ? palette->GetColor(ISysPalette::ColorInfoBackground) : _color(255, 255, 225)});
+    painter->SetPen({palette ? palette->GetColor(ISysPalette::ColorShadow) : _color(128, 128, 128)});
+    painter->Rectangle(0, 0, tip.cx - 1, tip.cy - 1);
+    painter->SetFont(textFont);
+    painter->SetTextColor(palette ? palette->GetColor(ISysPalette::ColorInfoText) : _color(0, 0, 0));
+    painter->DrawString(rectangle<double>(pad, pad, tip.cx - pad, tip.cy - pad), text,
+                        IPainter::AlignLeft | IPainter::AlignTop);
+    painter->EndPaint();
+    m_tooltipWindow.Present();
+}
+
+void CSdlWindow::CloseTooltip() {
+    m_tooltipWindow.Close();
+}
+
+void CSdlWindow::OpenMenuWindow(size<int> menuSize, screen_rectangle<int> const& anchor) {
+    m_menuWindow.Open(menuSize, anchor);
+}
+
+void CSdlWindow::RedrawMenuWindow() {
+    IWindowPainter* const painter = m_menuWindow.GetPainter();
+    if (!GetOpenMenu() || !painter || !m_menuWindow.IsOpen()) return;
+    GetOpenMenu()->Draw(painter, m_menuWindow.GetPopupSize(), painter->GetDPIScale());
+    m_menuWindow.Present();
+}
+
+void CSdlWindow::CloseMenuWindow() {
+    m_menuWindow.Close();
+}
+
+void CSdlWindow::DispatchMenu(SDL_Event const& event) {
+    switch (event.type) {
+    case SDL_MOUSEMOTION:
+        SendMenuPointer(false, {event.motion.x, event.motion.y});
+        break;
+    case SDL_MOUSEBUTTONUP:
+        SendMenuPointer(true, {event.button.x, event.button.y});
+        break;
+    case SDL_WINDOWEVENT:
+        if (event.window.event == SDL_WINDOWEVENT_EXPOSED) RedrawMenuWindow();
+        break;
+    case SDL_KEYDOWN:
+    case SDL_KEYUP:
+        // The desktop may give the menu's window the keyboard; its keys are the window's, which hands them
+        // on.
+        Dispatch(event);
+        break;
+    default:
+        break;
     }
-    painter->EndPixelAccess();
 }
 
 void CSdlWindow::Wake() {
@@ -273,8 +324,13 @@ void CSdlWindow::Dispatch(SDL_Event const& event) {
         break;
     }
     case SDL_MOUSEWHEEL: {
-        int const delta = event.wheel.direction == SDL_MOUSEWHEEL_FLIPPED ? -event.wheel.y : event.wheel.y;
-        if (delta != 0) SendWheel(event.wheel.mouseX, event.wheel.mouseY, delta, Modifiers());
+        int const sign = event.wheel.direction == SDL_MOUSEWHEEL_FLIPPED ? -1 : 1;
+        if (event.wheel.y != 0)
+            SendWheel(event.wheel.mouseX, event.wheel.mouseY, sign * event.wheel.y, Modifiers());
+        // A horizontal notch travels as a vertical one with Shift held, the desktop's own convention for
+        // scrolling sideways: a notch to the right scrolls toward the end, like one toward the user.
+        if (event.wheel.x != 0)
+            SendWheel(event.wheel.mouseX, event.wheel.mouseY, -sign * event.wheel.x, Modifiers() | FlagShift);
         break;
     }
     case SDL_KEYDOWN:

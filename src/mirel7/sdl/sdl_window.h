@@ -1,6 +1,7 @@
 #pragma once
 
 #include <mirel7/export.h>
+#include <mirel7/sdl/sdl_popup_window.h>
 #include <mirel7/sys_window_base.h>
 
 #include <cstdint>
@@ -31,6 +32,12 @@ public:
     bool IsOpen() const { return m_window != nullptr; }
     std::uint32_t GetId() const { return m_id; }
 
+    // The tooltip's window while it shows.
+    CSdlPopupWindow const& GetTooltipWindow() const { return m_tooltipWindow; }
+    CSdlPopupWindow const& GetMenuWindow() const { return m_menuWindow; }
+    // Pointer events of the open menu's window.
+    void DispatchMenu(SDL_Event const& event);
+
     // Turns one SDL event addressed to this window into event records.
     void Dispatch(SDL_Event const& event);
 
@@ -41,6 +48,12 @@ protected:
     void RequestFocus() override;
     void Present(screen_rectangle<int> const& area) override;
     void Wake() override;
+    void OpenTooltip(std::string const& text, font const& textFont,
+                     screen_rectangle<int> const& anchor) override;
+    void CloseTooltip() override;
+    void OpenMenuWindow(size<int> menuSize, screen_rectangle<int> const& anchor) override;
+    void RedrawMenuWindow() override;
+    void CloseMenuWindow() override;
 
 private:
     void DispatchWindowEvent(SDL_Event const& event);
@@ -54,6 +67,8 @@ private:
     // The desktop's press counts at this window's last press and at the first of its series.
     int m_lastClicks = 0;
     int m_firstClick = 0;
+    CSdlPopupWindow m_tooltipWindow;
+    CSdlPopupWindow m_menuWindow;
 };
 
 } // namespace mirel7::sdl
