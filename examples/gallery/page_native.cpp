@@ -129,6 +129,6 @@ void BuildNativePage(CVisualElement* host) {
     new CBarHost(horizontal, mirel7::ISysWindow::ScrollHorizontal, *numbers);
 }
 
-GALLERY_PAGE(60, "native", BuildNativePage)
+GALLERY_PAGE(65, "native", BuildNativePage)
 
 } // namespace gallery
