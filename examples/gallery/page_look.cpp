@@ -99,7 +99,7 @@ public:
         DrawElements(painter, b.left + U(12), b.top + U(10));
         DrawBorders(painter, b.left + U(560), b.top + U(10));
         DrawPictures(painter, b.left + U(560), b.top + U(330));
-        DrawParagraph(painter, b.left + U(560), b.top + U(410), b.right - U(10));
+        DrawParagraph(painter, b.left + U(560), b.top + U(385), b.right - U(10));
     }
 
 private:
