@@ -111,28 +111,6 @@ private:
     CTask m_task{*this};
 };
 
-// A label that says what the page's pieces are doing.
-class CReport : public CVisualElement {
-public:
-    explicit CReport(CVisualElement* parent) : CVisualElement(parent, {0, 28}, AlignBottom) {
-        SetBkColor(_color(40, 44, 52));
-    }
-    void Say(std::string text) {
-        m_text = std::move(text);
-        Update(UpdateLocal);
-    }
-    void DrawContent(IPainter* painter) override {
-        rectangle<int> const b = GetBounds();
-        painter->FillRect(b.left, b.top, b.right, b.bottom);
-        painter->SetTextColor(_color(230, 230, 230));
-        painter->DrawString(rectangle<double>(b.left + 8, b.top, b.right, b.bottom), m_text,
-                            IPainter::AlignLeft | IPainter::AlignVCenter);
-    }
-
-private:
-    std::string m_text = "Click the buttons while the spinner turns and the strip fills.";
-};
-
 class CActionTile : public CSwatch {
 public:
     CActionTile(CVisualElement* parent, std::string name, _color color, std::function<void()> action)
@@ -151,7 +129,7 @@ class CAnimationPage : public CVisualElement {
 public:
     explicit CAnimationPage(CVisualElement* host) : CVisualElement(host, {}, AlignClient) {
         SetBkColor(_color(245, 245, 245));
-        m_report = new CReport(this);
+        m_report = new CReport(this, "Click the buttons while the spinner turns and the strip fills.");
         auto* buttons = new CVisualElement(this, {0, 44}, AlignTop);
         _color const spinnerColor(0, 158, 115), stripColor(86, 180, 233);
         new CActionTile(buttons, "start spinner", spinnerColor,

@@ -16,28 +16,6 @@ using namespace mirelfrw7;
 
 constexpr int TextFlags = IPainter::AlignHCenter | IPainter::AlignVCenter;
 
-// A line at the bottom of the page telling what happened last.
-class CReport : public CVisualElement {
-public:
-    explicit CReport(CVisualElement* parent) : CVisualElement(parent, {0, 28}, AlignBottom) {
-        SetBkColor(_color(40, 44, 52));
-        SetFgColor(_color(230, 230, 230));
-    }
-    void Say(std::string text) {
-        m_text = std::move(text);
-        Update(UpdateLocal);
-    }
-    void DrawContent(IPainter* painter) override {
-        rectangle<int> const b = GetBounds();
-        painter->FillRect(b.left, b.top, b.right, b.bottom);
-        painter->DrawString(rectangle<double>(b.left + 8, b.top, b.right, b.bottom), m_text,
-                            IPainter::AlignLeft | IPainter::AlignVCenter);
-    }
-
-private:
-    std::string m_text = "Move, click, press Tab, or drag the block onto a target.";
-};
-
 // Lights up under the pointer, counts clicks, shows a ring while it has the focus.
 class CTile : public CVisualElement {
 public:
@@ -127,7 +105,7 @@ private:
 } // namespace
 
 void BuildInputPage(CVisualElement* host) {
-    auto* report = new CReport(host);
+    auto* report = new CReport(host, "Move, click, press Tab, or drag the block onto a target.");
     auto* tiles = new CSwatch(host, AlignTop, {0, 120}, _color(245, 245, 245), "");
     new CTile(tiles, "first", _color(0, 114, 178), *report);
     new CTile(tiles, "second", _color(204, 121, 167), *report);

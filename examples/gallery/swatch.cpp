@@ -24,6 +24,24 @@ void CSwatch::DrawContent(mirel7::IPainter* painter) {
                             mirel7::IPainter::ClipToRect);
 }
 
+CReport::CReport(mirelfrw7::CVisualElement* parent, std::string text)
+    : CVisualElement(parent, {0, 28}, mirelfrw7::AlignBottom), m_text(std::move(text)) {
+    SetBkColor(mirel7::_color(40, 44, 52));
+    SetFgColor(mirel7::_color(230, 230, 230));
+}
+
+void CReport::Say(std::string text) {
+    m_text = std::move(text);
+    Update(mirelfrw7::UpdateLocal);
+}
+
+void CReport::DrawContent(mirel7::IPainter* painter) {
+    mirel7::rectangle<int> const b = GetBounds();
+    painter->FillRect(b.left, b.top, b.right, b.bottom);
+    painter->DrawString(mirel7::rectangle<double>(b.left + 8, b.top, b.right, b.bottom), m_text,
+                        mirel7::IPainter::AlignLeft | mirel7::IPainter::AlignVCenter);
+}
+
 mirel7::_color ContrastingText(mirel7::_color const& background) {
     int const luminance = (background.r * 299 + background.g * 587 + background.b * 114) / 1000;
     return luminance > 140 ? mirel7::_color(0, 0, 0) : mirel7::_color(255, 255, 255);

@@ -19,6 +19,18 @@ private:
     std::string m_name;
 };
 
+// A line at the bottom of a page telling what happened last.
+class CReport : public mirelfrw7::CVisualElement {
+public:
+    CReport(mirelfrw7::CVisualElement* parent, std::string text);
+
+    void Say(std::string text);
+    void DrawContent(mirel7::IPainter* painter) override;
+
+private:
+    std::string m_text;
+};
+
 // A readable text colour on `background`.
 mirel7::_color ContrastingText(mirel7::_color const& background);
 
