@@ -1,5 +1,6 @@
 #pragma once
 
+#include <mirel7/export.h>
 #include <mirel7/popup.h>
 #include <mirel7/window_painter.h>
 
@@ -15,7 +16,7 @@ void PresentPixels(SDL_Window* window, IWindowPainter* painter, screen_rectangle
 
 // A small undecorated window over everything else, for a tooltip or a menu: the caller draws into its
 // painter and presents. It has no events of its own but those SDL sends with its id.
-class CSdlPopupWindow : public IPopup {
+class MIREL7_API CSdlPopupWindow : public IPopup {
 public:
     // `flags` are SDL's window flags of the kind, SDL_WINDOW_TOOLTIP or SDL_WINDOW_POPUP_MENU.
     explicit CSdlPopupWindow(std::uint32_t flags);
