@@ -146,7 +146,9 @@ void CVisualElement::SetPos(rectangle<int> const& newRect, bool force) {
     bool const moved = newRect.left != old.left || newRect.top != old.top;
     if (moved && !IsFullRepainted()) ScrollOnSetPos(this, newRect, old, GetDrawBounds());
 
-    bool const resized = newRect.Width() != old.Width() || newRect.Height() != old.Height();
+    // Widened: a rectangle may span the whole range of int.
+    bool const resized = Wide(newRect.right) - newRect.left != Wide(old.right) - old.left ||
+                         Wide(newRect.bottom) - newRect.top != Wide(old.bottom) - old.top;
     if (force || (resized && m_alignment != AlignNone && m_visible)) {
         int const lastPos = m_control ? m_control->GetUpdatesLastPos() : 0;
         rectangle<int> free = GetContentRect();
