@@ -58,7 +58,7 @@ void Unite(rectangle<int>& a, rectangle<int> const& b) {
 }
 // An element without width or height draws nothing, its children included.
 bool HasArea(rectangle<int> const& r) {
-    return r.Width() >= 1 && r.Height() >= 1;
+    return r.right > r.left && r.bottom > r.top;
 }
 
 // The element repaints a place, in its own coordinates, that its children drew on: the nearest ancestor
@@ -206,8 +206,8 @@ void CVisualElement::SetPos(rectangle<int> const& newRect, bool force) {
         if (isDrawn) RepaintPlace(m_parent, newPlace);
     }
 
-    if (m_validRect.Width() <= 0 || m_validRect.Height() <= 0 || m_bounds.left != old.left ||
-        m_bounds.top != old.top)
+    if (m_validRect.right <= m_validRect.left || m_validRect.bottom <= m_validRect.top ||
+        m_bounds.left != old.left || m_bounds.top != old.top)
         Invalidate();
 }
 
