@@ -201,6 +201,22 @@ TEST_F(SignalTest, AReceiverWithTwoConnectionsThatDropsOneIsStillCutOffAtItsDeat
     EXPECT_EQ(calls, 1) << "a dead receiver is never called";
 }
 
+// Receivers that outlive a signal they were disconnected from: a link left behind by the disconnect would
+// be followed into the freed signal when the receiver dies.
+TEST_F(SignalTest, DisconnectedReceiversOutliveTheirSignal) {
+    for (bool all : {false, true}) {
+        auto receiver = std::make_unique<Receiver>(journal, "r");
+        std::optional<signal_t<int>> dying(std::in_place);
+        dying->connect(receiver.get(), &Receiver::Slot);
+        if (all)
+            dying->_erase_all();
+        else
+            dying->disconnect(receiver.get(), &Receiver::Slot);
+        dying.reset();
+        receiver.reset();
+    }
+}
+
 TEST_F(SignalTest, ReceiverDestroyedDuringEmissionIsSkipped) {
     auto doomed = std::make_unique<Receiver>(journal, "doomed");
     signal.connect(&a, &Receiver::Slot);
