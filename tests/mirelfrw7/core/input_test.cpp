@@ -104,6 +104,17 @@ TEST_F(Input, KeysBubbleToTheParentsSignalsButOnlyUnhandledToTheirHandlers) {
     EXPECT_EQ(journal,
               (Journal{"B:sigKeyDown 65", "B:HandleKeyDown 65", "A:sigKeyDown 65", "A:HandleKeyDown 65"}));
     EXPECT_FALSE(unhandled.handled);
+
+    a.handleKeys = true;
+    EXPECT_TRUE(f.window->InjectKeyDown('A').handled) << "handled by the focused element's parent";
+}
+
+TEST_F(Input, ATooltipRectangleComesInControlCoordinates) {
+    c.SetTooltip("tip");
+    f.window->InjectMouseMove(90, 30);
+    mirel7::CTooltipEvent const tip = f.window->InjectTooltip(90, 30);
+    EXPECT_EQ(tip.text, "tip");
+    EXPECT_EQ(tip.rect, (mirel7::rectangle<int>{80, 20, 130, 50}));
 }
 
 TEST_F(Input, AFocusDelegateSeesTheKeyOnce) {
