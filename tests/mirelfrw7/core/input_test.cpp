@@ -209,6 +209,18 @@ TEST(TabChain, ForwardAndBackwardSkipWhatCannotHaveTheFocus) {
     EXPECT_EQ(backward, (std::vector<CVisualElement*>{x1, p3, g4, g1, p1, p1, p1}));
 }
 
+TEST(TabChain, ShiftTabWithNothingFocusedReachesAnOnlyFocusableFirstChild) {
+    CControlFixture f;
+    Journal journal;
+    auto* only = new CProbe(f.Root(), journal, "only", AlignTop, {0, 10});
+    only->SetFocusable(true);
+    (new CProbe(f.Root(), journal, "plain", AlignTop, {0, 10}))->SetFocusable(false);
+    f.control->Rearrange();
+    ASSERT_EQ(f.control->GetFocusedElement(), nullptr);
+    f.window->InjectKeyDown(mirel7::KeyTab, FlagShift);
+    EXPECT_EQ(f.control->GetFocusedElement(), only);
+}
+
 // --- Dragging -------------------------------------------------------------------------------------------
 
 // A slot on the start and over signals that answers as a test sets it.
