@@ -71,6 +71,8 @@ void CBaseControlImp::ArrangeAll(bool force) {
 
 // --- Paint pass -------------------------------------------------------------------------------------------
 
+constexpr int MaxAfterArrangeRounds = 8;
+
 void CBaseControlImp::ProcessDraw(IPainter* painter) {
     mirel7::ISysWindow* const window = GetWindow();
     if (!window || !painter || IsWindowEmpty()) return;
@@ -89,6 +91,11 @@ void CBaseControlImp::ProcessDraw(IPainter* painter) {
             ForceRearrange();
         else if (m_rearrangeLocks == 0)
             ArrangeAll(true);
+        // A slot of the arrangement signals may ask for more layout; this pass draws it, since no paint
+        // of its own follows. A slot that asks every time is cut off after a few rounds.
+        for (int round = 0; round < MaxAfterArrangeRounds && m_rearrangeNeeded && !m_rearranges.IsEmpty();
+             ++round)
+            ForceRearrange();
     } catch (...) {
         m_arrangingInPaint = false;
         throw;

@@ -110,6 +110,21 @@ struct CRestlessElement : CFilledElement {
     CVisualElement* partner = nullptr;
 };
 
+TEST(Rearranging, ASizeChangedAfterAnArrangementIsLaidOutInTheSamePass) {
+    CControlFixture f;
+    CFilledElement top(f.Root(), {0, 10}, AlignTop), client(f.Root(), {0, 0}, AlignClient);
+    ASSERT_TRUE(f.Paint());
+    struct Grower : tarnkit2::subscriber_base_t {
+        explicit Grower(CFilledElement& e) : element(e) {}
+        void After() { element.SetSize({0, 30}, false); }
+        CFilledElement& element;
+    } grower(top);
+    f.Imp()->sigAfterArrange.connect(&grower, &Grower::After);
+    top.SetSize({0, 20}, false);
+    f.Paint();
+    EXPECT_EQ(client.GetPosition(), (R{0, 31, 199, 99}));
+}
+
 TEST(Rearranging, ALayoutThatNeverSettlesStopsAfterTwoEqualRounds) {
     CControlFixture f;
     CFilledElement holder(f.Root(), {0, 0}, AlignClient);
