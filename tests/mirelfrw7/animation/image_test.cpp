@@ -1,5 +1,6 @@
 #include "mirelfrw7/animation/test_animation.h"
 #include "support/control_fixture.h"
+#include "support/storm.h"
 
 #include <mirelfrw7/animation/image.h>
 #include <mirelfrw7/core/control.h>
@@ -150,6 +151,23 @@ TEST_F(Image, ReplacingAndDestroyingStopTheFrames) {
     fixture.system.Advance(30);
     EXPECT_FALSE(FramesAfter("image dies"));
     EXPECT_EQ(std::count(journal.begin(), journal.end(), "a 2"), 0);
+}
+
+// Running images under random input and tree changes: deleted, hidden and reparented while their frames
+// come on the virtual clock.
+TEST(ImageStorm, RunningImagesSurviveRandomInputAndTreeChanges) {
+    auto const make = [](mirelfrw7::CVisualElement* parent,
+                         std::mt19937& random) -> mirelfrw7::CVisualElement* {
+        int const side = std::uniform_int_distribution<int>(0, 40)(random);
+        auto const alignment =
+            static_cast<mirelfrw7::Alignment>(std::uniform_int_distribution<int>(0, 5)(random));
+        auto* const image = new CImage(parent, {side, side}, alignment);
+        image->SetAnimation(
+            mirel_ptr<mirelfrw7::IAnimation>(new CTestAnimation({16, 40}, "a", nullptr, {8, 8})));
+        image->StartAnimation();
+        return image;
+    };
+    EXPECT_TRUE(mirel_test::SurvivesStorm(make, 7, mirel_test::StormActions(5000, 20000)));
 }
 
 } // namespace
