@@ -92,7 +92,9 @@ void CEventHandlerBase::OnSelectionModelChange() {
         int only = INT_MIN;
         if (sel->GetNextSelectedItem(only) && only == sel->GetCurrent() && only != m_anchor) m_anchor = only;
     }
-    if (m_notifySelection && !m_selectionPending) {
+    // A key while a notice waits for the keyboard to go quiet starts the wait again.
+    bool const waiting = m_selectionPending && m_keyboardChange && m_postponed && m_postponed->IsPending();
+    if (m_notifySelection && (!m_selectionPending || waiting)) {
         m_selectionPending = true;
         PostSelectionChanged();
     }
