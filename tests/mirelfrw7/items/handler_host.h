@@ -34,6 +34,12 @@ struct CHandlerHost : mirelfrw7::CVisualElement {
     bool HandleKeyDown(int flags, int key) override {
         return Offer([&](auto* h, bool* s) { return h->ProcessKeyDown(flags, key, s); });
     }
+    bool HandleOnTooltip(mirel7::CTooltipEvent* ev) override {
+        return Offer([&](auto* h, bool* s) { return h->ProcessOnTooltip(ev, s); });
+    }
+    bool HandleContextMenu(int x, int y) override {
+        return Offer([&](auto* h, bool* s) { return h->ProcessContextMenu(x, y, s); });
+    }
     void HandleGetFocus(CVisualElement*, bool) override {
         Offer([&](auto* h, bool* s) { return h->ProcessGetFocus(s); });
     }

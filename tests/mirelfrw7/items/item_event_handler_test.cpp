@@ -1,13 +1,16 @@
 #include <mirelfrw7/items/continuous_item_event_handler.h>
+#include <mirelfrw7/items/def_list_box_handler.h>
 #include <mirelfrw7/items/default_selection_model.h>
 #include <mirelfrw7/items/discrete_item_event_handler.h>
 #include <mirelfrw7/items/editor_event_handler.h>
+#include <mirelfrw7/items/tooltip_event_handler.h>
 
 #include "handler_host.h"
 #include "support/control_fixture.h"
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -310,6 +313,81 @@ TEST(ItemEventHandler, SettingNoModelGoesBackToTheDefaults) {
     EXPECT_EQ(handler.GetItemSelectionModel(), own);
     mine.SetCurrent(3);
     EXPECT_EQ(mine.sigModelChanged.connection_count(), 0u) << "the old model is let go";
+}
+
+TEST(ItemEventHandler, AScrollShiftsPixelsUnlessItMovesAWholeView) {
+    CList list(50);
+    int const scrolls = list.f.window->GetScrollCount();
+    list.vm()->SetStartItem(1);
+    EXPECT_EQ(list.f.window->GetScrollCount(), scrolls + 1);
+    list.vm()->SetStartItem(8);
+    EXPECT_EQ(list.f.window->GetScrollCount(), scrolls + 1) << "a shift as long as the view repaints instead";
+    EXPECT_EQ(list.vm()->GetItemType(30), IDirtyItemSet::DirtyItem);
+    EXPECT_FALSE(list.handler.ScrollItems(0, 100));
+    EXPECT_TRUE(list.handler.ScrollItems(0, 98));
+}
+
+// A tooltip link that says "tip" for the viewer.
+struct CTips : CTooltipEventHandler {
+    void ShowTooltip(mirel7::CTooltipEvent* event) override { event->text = "tip"; }
+};
+
+TEST(TooltipEventHandler, ShowsAndTakesTheTooltipDownOnAKeyOrAMenu) {
+    for (bool menu : {false, true}) {
+        mirel_test::CControlFixture f{{200, 100}};
+        auto* host = new mirel_test::CHandlerHost(f.Root());
+        CTips tips;
+        tips.SetWindow(f.window.get());
+        host->first = &tips;
+        f.window->InjectResize(200, 100);
+        f.Paint();
+        host->SetFocus(true);
+        f.window->RunPending();
+        f.window->InjectMouseMove(50, 50);
+        f.system.Advance(1000);
+        ASSERT_TRUE(f.window->IsTooltipShown());
+        if (menu)
+            f.window->InjectContextMenu(50, 50);
+        else
+            f.window->InjectKeyDown(mirel7::KeyDown);
+        EXPECT_FALSE(f.window->IsTooltipShown()) << menu;
+        host->first = nullptr;
+    }
+}
+
+// A list box's side of the link, journalled.
+struct CListBoxLink : CDefListBoxHandler {
+    bool SetCurProcessButtonDown(int, int, int, MouseButton, bool*) override { return log += "down;", true; }
+    bool HighlightingMouseMove(int, int, int, MouseButton, bool*) override { return log += "hover;", true; }
+    bool HighlightingMouseLeave(bool*) override { return log += "leave;", true; }
+    bool SetCurProcessKeyDown(int key) override { return log += "key;", key == 13; }
+    std::string log;
+};
+
+TEST(DefListBoxHandler, PicksWithTheButtonAndHighlightsWithout) {
+    struct Case {
+        std::function<bool(CDefListBoxHandler&, bool*)> event;
+        std::string log;
+        bool stop;
+    } const cases[] = {
+        {[](auto& h, bool* s) { return h.ProcessButtonDown(1, 1, 1, mirel7::ButtonLeft, s); }, "down;",
+         false},
+        {[](auto& h, bool* s) { return h.ProcessButtonDown(1, 1, 0, mirel7::ButtonRight, s); }, "", true},
+        {[](auto& h, bool* s) { return h.ProcessMouseMove(1, 1, 1, mirel7::ButtonLeft, s); }, "", true},
+        {[](auto& h, bool* s) { return h.ProcessMouseMove(1, 1, 0, mirel7::ButtonNone, s); }, "hover;",
+         false},
+        {[](auto& h, bool* s) { return h.ProcessMouseMove(1, 1, 2, mirel7::ButtonNone, s); }, "", false},
+        {[](auto& h, bool* s) { return h.ProcessMouseLeave(s); }, "leave;", false},
+        {[](auto& h, bool* s) { return h.ProcessKeyDown(0, 13, s); }, "key;", true},
+        {[](auto& h, bool* s) { return h.ProcessKeyDown(0, 40, s); }, "key;", false},
+    };
+    for (auto const& c : cases) {
+        CListBoxLink link;
+        bool stop = false;
+        c.event(link, &stop);
+        EXPECT_EQ(link.log, c.log) << &c - cases;
+        EXPECT_EQ(stop, c.stop) << &c - cases;
+    }
 }
 
 // Records the editor's hiding.
