@@ -11,6 +11,7 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <memory>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -234,6 +235,19 @@ TEST(ItemEventHandler, TheSelectionNoticeComesOnceAfterTheEventOrAfterTheKeysPau
     list.f.window->RunPending();
     EXPECT_EQ(notices.count, 3) << "a click is told at once";
     SetSelectionChangeDelay(0);
+}
+
+TEST(ItemEventHandler, AQueuedNoticeOfADeadHandlerRunsEmpty) {
+    CList list(5);
+    auto other = std::make_unique<CDiscreteItemEventHandler>();
+    other->SetViewer(list.host);
+    other->SetNotification(true);
+    other->SetSelectionModel(list.sel());
+    CNotices notices(*other);
+    list.Click(1);
+    other.reset();
+    EXPECT_EQ(list.f.window->RunPending(), 1);
+    EXPECT_EQ(notices.count, 0);
 }
 
 TEST(ItemEventHandler, PaintsTheVisibleItemsAndMarksEveryRowWhoseSelectionChanged) {
