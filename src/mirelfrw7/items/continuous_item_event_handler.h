@@ -35,7 +35,7 @@ public:
 
 protected:
     void AfterPressMoved(int old, int target) override { MakeCurrentVisible(old < target); }
-    // Where item `index` starts, and whether it shows whole.
+    // Whether item `index` shows whole.
     bool IsWhollyVisible(int index) const;
 
     CHolderPointer<IContinuousItemViewModel> m_viewModel;

@@ -14,7 +14,6 @@ public:
     // Null goes back to the default.
     void Set(T* ptr) { m_ptr = ptr ? ptr : m_default.get(); }
     T* Get() const { return m_ptr; }
-    T* GetDefault() const { return m_default.get(); }
     T* operator->() const { return m_ptr; }
 
 private:

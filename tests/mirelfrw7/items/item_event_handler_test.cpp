@@ -133,10 +133,7 @@ TEST(ItemEventHandler, KeysAtBothEnds) {
     } const cases[] = {
         {5, 3, mirel7::KeyHome, 0, "0 | 0", 0},
         {5, 3, mirel7::KeyEnd, 0, "49 | 49", 44},
-        {5, 3, mirel7::KeyEnd, Shift,
-         "5 6 7 8 9 10 11 12 13 14 15 16 17 18 19 20 21 22 23 24 25 26 27 28 29 30 31 32 "
-         "33 34 35 36 37 38 39 40 41 42 43 44 45 46 47 48 49 | 49",
-         44},
+        {5, 3, mirel7::KeyHome, Shift, "0 1 2 3 4 5 | 0", 0},
         {0, 0, mirel7::KeyUp, 0, "| 0", 0},
         {49, 44, mirel7::KeyDown, 0, "| 49", 44},
         {3, 3, mirel7::KeyUp, 0, "2 | 2", 2},
