@@ -430,8 +430,12 @@ void CVisualElement::SetControl(IControl* control) {
     if (control == m_control) return;
     ProcessSetControl(control);
     // The old control must forget the element; also when it moves straight into another control's tree,
-    // or the old one would keep a pointer that outlives the element.
-    if (m_control) OnChange(this, UpdateLeaving);
+    // or the old one would keep a pointer that outlives the element. Whatever the element runs on the old
+    // control's behalf, an animation on its window say, ends as if that control had gone.
+    if (m_control) {
+        OnChange(this, UpdateLeaving);
+        HandleControlDestroy();
+    }
     m_control = control;
     for (int i = 0; i < m_children->GetCount(); ++i)
         m_children->GetItem(i)->SetControl(control);

@@ -221,6 +221,34 @@ TEST(TabChain, ShiftTabWithNothingFocusedReachesAnOnlyFocusableFirstChild) {
     EXPECT_EQ(f.control->GetFocusedElement(), only);
 }
 
+// P1, P2 and a group G of G1, G2: the group answers the chain while the focus is inside it, never after.
+// A Tab that moved the focus ends there; one at the end of the chain goes on to the window's own handling.
+TEST(TabChain, TheTabHandlerLapsesWithTheFocusAndOnlyAnUnmovedTabGoesOn) {
+    CControlFixture f;
+    Journal journal;
+    auto make = [&](CVisualElement* parent, char const* name) {
+        auto* p = new CProbe(parent, journal, name, AlignTop, {0, 10});
+        p->SetFocusable(true);
+        return p;
+    };
+    CProbe* p1 = make(f.Root(), "P1");
+    CProbe* p2 = make(f.Root(), "P2");
+    CProbe* group = make(f.Root(), "G");
+    group->SetFocusable(false);
+    CProbe* g1 = make(group, "G1");
+    CProbe* g2 = make(group, "G2");
+    f.control->Rearrange();
+    f.window->InjectFocusIn();
+    g1->SetFocus(true);
+    f.Imp()->SetTabHandler(group);
+    p1->SetFocus(true);
+    EXPECT_FALSE(f.window->InjectKeyDown(mirel7::KeyTab).passToBase) << "a Tab that moved the focus ends";
+    EXPECT_EQ(f.control->GetFocusedElement(), p2) << "the group no longer answers for P1";
+    g2->SetFocus(true);
+    EXPECT_TRUE(f.window->InjectKeyDown(mirel7::KeyTab).passToBase) << "the chain ended: the focus stayed";
+    EXPECT_EQ(f.control->GetFocusedElement(), g2);
+}
+
 // --- Dragging -------------------------------------------------------------------------------------------
 
 // A slot on the start and over signals that answers as a test sets it.
