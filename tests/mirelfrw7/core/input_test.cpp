@@ -354,24 +354,30 @@ struct CDeleter : tarnkit2::subscriber_base_t {
     void Delete(CVisualElement* e, int, int, int, mirel7::MouseButton) { delete e; }
 };
 
-TEST_F(Drag, TheDraggedElementMayDieWhileTheButtonComesUp) {
-    for (bool onClick : {true, false}) {
+// On a click, on the button coming up, or between events: the drag ends, and the copy of the window under
+// its item goes back at the next paint.
+TEST_F(Drag, TheDraggedElementMayDieWhileTheButtonComesUpOrBetweenEvents) {
+    for (int way : {0, 1, 2}) {
         auto* dragged = new CProbe(&a, journal, "D");
         dragged->SetPos({10, 50, 60, 70}, false);
         dragged->startDrag = dragged->acceptDrop = true;
         dragged->filter = {"HandleDropDone", "HandleDragFinished"};
         CDeleter deleter;
-        (onClick ? dragged->sigClick : dragged->sigButtonUp).connect(&deleter, &CDeleter::Delete);
+        (way == 0 ? dragged->sigClick : dragged->sigButtonUp).connect(&deleter, &CDeleter::Delete);
         f.window->InjectButtonUp(30, 30);
         f.window->InjectMouseMove(30, 70);
         f.window->InjectButtonDown(30, 70);
         f.window->InjectMouseMove(40, 75);
         ASSERT_TRUE(Dragging());
         journal.clear();
+        if (way == 2) delete dragged;
         f.window->InjectButtonUp(40, 75);
         EXPECT_FALSE(Dragging());
         EXPECT_FALSE(f.window->HasCapture());
         EXPECT_EQ(journal, Journal{}) << "a drag without its source drops nothing";
+        EXPECT_EQ(f.Imp()->GetMouseFlags() &
+                      (CBaseControlImp::DragBufferDrop | CBaseControlImp::DragBufferDue),
+                  CBaseControlImp::DragBufferDrop);
     }
 }
 
