@@ -198,4 +198,31 @@ TEST(RepaintProperty, PlacesNoDockingPassCoversAreRepainted) {
     }
 }
 
+// A drag item leaves the painter mapped to its element; the copy of the window under it goes back at the
+// window's origin all the same when the drag ends.
+TEST(RepaintProperty, TheCopyUnderADragItemGoesBackAtTheWindowsOrigin) {
+    int step = 0;
+    mirel_test::SRepaintScenario scenario;
+    scenario.clientSize = {60, 60};
+    scenario.build = [&](CBaseControl& control) {
+        step = 0;
+        Add(control.GetContent(), AlignTop, 10, 40);
+        Add(control.GetContent(), AlignClient, 0, 80);
+        Add(control.GetContent(), AlignNone, 0, 120)->SetPos({5, 5, 15, 15}, false);
+    };
+    scenario.act = [&](CBaseControl& control, mirel7::headless::CHeadlessWindow& window, std::mt19937&) {
+        CVisualElement* const dragged = At(control, {2});
+        if (step++ == 0) {
+            DragInfo local;
+            local.globalUpdate = false;
+            control.GetImp()->StartDragging(dragged, local);
+            dragged->Update(UpdateLocal);
+        } else {
+            window.InjectButtonUp(10, 10);
+        }
+    };
+    scenario.steps = 2;
+    EXPECT_TRUE(mirel_test::IncrementalPaintEqualsFullPaint(scenario, 0));
+}
+
 } // namespace
