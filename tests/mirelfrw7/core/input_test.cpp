@@ -375,9 +375,7 @@ TEST_F(Drag, TheDraggedElementMayDieWhileTheButtonComesUpOrBetweenEvents) {
         EXPECT_FALSE(Dragging());
         EXPECT_FALSE(f.window->HasCapture());
         EXPECT_EQ(journal, Journal{}) << "a drag without its source drops nothing";
-        EXPECT_EQ(f.Imp()->GetMouseFlags() &
-                      (CBaseControlImp::DragBufferDrop | CBaseControlImp::DragBufferDue),
-                  CBaseControlImp::DragBufferDrop);
+        EXPECT_NE(f.Imp()->GetMouseFlags() & CBaseControlImp::DragBufferDrop, 0);
     }
 }
 
