@@ -55,8 +55,11 @@ std::string Text(rectangle<int> const& r) {
 
 class CStorm : public tarnkit2::subscriber_base_t {
 public:
-    CStorm(StormFactory const& factory, unsigned seed)
+    CStorm(StormFactory const& factory, unsigned seed, long checkEvery)
         : m_factory(factory), m_random(seed),
+          m_checkEvery(std::getenv("MIREL_STORM_CHECK_EVERY")
+                           ? std::atol(std::getenv("MIREL_STORM_CHECK_EVERY"))
+                           : checkEvery),
           m_f(std::make_unique<CControlFixture>(mirel7::size<int>{64, 48}, false)) {
         m_f->control->SetCopyToClipboard(true);
         NewContent();
@@ -348,8 +351,7 @@ private:
     std::string m_failure;
     long m_action = 0;
     int m_locks = 0;
-    long const m_checkEvery =
-        std::getenv("MIREL_STORM_CHECK_EVERY") ? std::atol(std::getenv("MIREL_STORM_CHECK_EVERY")) : 1;
+    long const m_checkEvery;
     static constexpr long LayoutEvery = 16;
     long m_checkpoints = 0;
     int m_lastX = 0, m_lastY = 0;
@@ -358,8 +360,9 @@ private:
 
 } // namespace
 
-testing::AssertionResult SurvivesStorm(StormFactory const& factory, unsigned seed, long actions) {
-    CStorm storm(factory, seed);
+testing::AssertionResult SurvivesStorm(StormFactory const& factory, unsigned seed, long actions,
+                                       long checkEvery) {
+    CStorm storm(factory, seed, checkEvery);
     testing::AssertionResult const result = storm.Run(actions);
     if (!result) return testing::AssertionFailure() << "storm seed " << seed << ": " << result.message();
     return result;
