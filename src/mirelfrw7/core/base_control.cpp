@@ -112,6 +112,8 @@ void CBaseControlImp::ProcessDraw(IPainter* painter) {
         m_updates.Clear();
         paintAll = true;
     }
+    // The copy under a drag item is laid in window pixels, whatever mapping the last paint's item left.
+    painter->SetCoordSystem(IPainter::MapDevice, nullptr);
     IPainter::MapMode savedMode;
     IPainter::CoordInfo savedInfo;
     painter->GetCoordSystem(savedMode, &savedInfo);
@@ -300,6 +302,13 @@ void CBaseControlImp::UpdateElement(CVisualElement* element, UpdateType type) {
 }
 
 void CBaseControlImp::ForgetElement(CVisualElement* element) {
+    // A drag whose element leaves ends without a drop: the copy under its item goes at the next paint, and
+    // the window lets the mouse go unless an element holds it.
+    if (element == m_draggedElement) {
+        m_mouseFlags = (m_mouseFlags & ~DropAccepted) | DragBufferDrop;
+        if (mirel7::ISysWindow* const window = GetWindow(); window && (!m_capture || m_capture == element))
+            window->ReleaseMouse();
+    }
     m_updates.RemoveElement(element);
     m_rearranges.RemoveElement(element);
     for (CVisualElement** pointer : {&m_focused, &m_focussing, &m_mouseElement, &m_capture, &m_clickedElement,

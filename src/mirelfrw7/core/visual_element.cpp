@@ -60,6 +60,17 @@ void Unite(rectangle<int>& a, rectangle<int> const& b) {
 bool HasArea(rectangle<int> const& r) {
     return r.right > r.left && r.bottom > r.top;
 }
+// A strip one pixel thin still takes its row or column from the free room, where nothing draws it: the
+// parent's background shows there. An inverted strip took nothing.
+bool TakesRoomUndrawn(rectangle<int> const& r) {
+    return !HasArea(r) && r.right >= r.left && r.bottom >= r.top;
+}
+
+// A docking pass of the parent repaints the parent's own rectangle: a docked element that drew beyond it, or
+// whose children drew beyond the element, leaves or takes places that nobody repaints but the element.
+bool DockingCovers(CVisualElement const* parent, rectangle<int> const& place, rectangle<int> const& bounds) {
+    return place == bounds && Inside(place, parent->GetBounds());
+}
 
 // The element repaints a place, in its own coordinates, that its children drew on: the nearest ancestor
 // whose own rectangle holds the place repaints, since the element's does not always.
@@ -135,10 +146,12 @@ void CVisualElement::SetPos(rectangle<int> const& newRect, bool force) {
     if (newRect == m_bounds && !force) return;
     rectangle<int> const old = m_bounds;
     // No docking pass repaints around an undocked element, nor around children drawn outside their
-    // parent: the places such an element drew on before and after repaint, with whatever lies over them.
+    // parent, nor where a docked element stood outside it (laid out late, below an undocked or hidden
+    // ancestor): the places such an element drew on before and after repaint, with whatever lies over them.
     rectangle<int> oldPlace;
     bool const wasDrawn = m_parent && GetExtent(this, oldPlace, false);
-    bool const loose = m_parent && m_visible && (m_alignment == AlignNone || (wasDrawn && oldPlace != old));
+    bool const loose = m_parent && m_visible &&
+                       (m_alignment == AlignNone || (wasDrawn && !DockingCovers(m_parent, oldPlace, old)));
     m_bounds = newRect;
 
     // Pixels move only when the element does; asking the subtree whether it repaints fully costs a walk of
@@ -150,9 +163,9 @@ void CVisualElement::SetPos(rectangle<int> const& newRect, bool force) {
     bool const resized = Wide(newRect.right) - newRect.left != Wide(old.right) - old.left ||
                          Wide(newRect.bottom) - newRect.top != Wide(old.bottom) - old.top;
     if (force || (resized && m_alignment != AlignNone && m_visible)) {
-        int const lastPos = m_control ? m_control->GetUpdatesLastPos() : 0;
         rectangle<int> free = GetContentRect();
         CVisualElement* client = nullptr;
+        bool gap = false;
         for (int i = 0; i < m_children->GetCount(); ++i) {
             CVisualElement* const child = m_children->GetItem(i);
             PrefetchSiblings(i);
@@ -181,18 +194,18 @@ void CVisualElement::SetPos(rectangle<int> const& newRect, bool force) {
             default:
                 continue;
             }
+            gap = gap || TakesRoomUndrawn(c);
             child->SetPos(c, force);
         }
         if (client) {
+            gap = gap || TakesRoomUndrawn(free);
             client->SetPos(free, force);
             free = {};
         }
-        // Where the children leave room the element shows its own background, which covers whatever the
-        // children queued while they were placed.
-        if (!(free.IsAllZero() && GetBounds() == GetContentRect())) {
-            if (m_control) m_control->ClearUpdates(lastPos);
-            OnChange(this, UpdateLocal);
-        }
+        // Where the children leave room, or take it without drawing there, the element shows its own
+        // background. Its repaint covers what its subtree queued while it was placed, which the paint pass
+        // drops as it reduces the list; not what lies outside it, places that loose children left, say.
+        if (gap || !(free.IsAllZero() && GetBounds() == GetContentRect())) OnChange(this, UpdateLocal);
         sigPosChanged(this);
     } else if (!loose && IsFullRepainted() && IsScrollableOnSetPos()) {
         ScrollOnSetPos(this, newRect, old, GetDrawBounds());
@@ -201,7 +214,7 @@ void CVisualElement::SetPos(rectangle<int> const& newRect, bool force) {
 
     rectangle<int> newPlace;
     bool const isDrawn = m_parent && GetExtent(this, newPlace, false);
-    if (newRect != old && (loose || (isDrawn && newPlace != m_bounds))) {
+    if (newRect != old && (loose || (isDrawn && !DockingCovers(m_parent, newPlace, m_bounds)))) {
         if (wasDrawn) RepaintPlace(m_parent, oldPlace);
         if (isDrawn) RepaintPlace(m_parent, newPlace);
     }
@@ -407,7 +420,8 @@ void CVisualElement::ReParent(CVisualElement* newParent, bool rearrange) {
     rectangle<int> place;
     if (oldParent) {
         if (relayout) OnRearrange(this);
-        if (rearrange && GetExtent(this, place, false) && (!relayout || place != m_bounds))
+        if (rearrange && GetExtent(this, place, false) &&
+            (!relayout || !DockingCovers(oldParent, place, m_bounds)))
             RepaintPlace(oldParent, place);
         oldParent->m_children->RemoveItem(this);
     }
@@ -420,7 +434,8 @@ void CVisualElement::ReParent(CVisualElement* newParent, bool rearrange) {
         SetFont(newParent->m_font);
         newParent->AddNewChild(this);
         if (relayout) OnRearrange(this);
-        if (rearrange && GetExtent(this, place, false) && (!relayout || place != m_bounds))
+        if (rearrange && GetExtent(this, place, false) &&
+            (!relayout || !DockingCovers(newParent, place, m_bounds)))
             RepaintPlace(newParent, place);
     }
     ChangeParent(oldParent);
@@ -430,8 +445,12 @@ void CVisualElement::SetControl(IControl* control) {
     if (control == m_control) return;
     ProcessSetControl(control);
     // The old control must forget the element; also when it moves straight into another control's tree,
-    // or the old one would keep a pointer that outlives the element.
-    if (m_control) OnChange(this, UpdateLeaving);
+    // or the old one would keep a pointer that outlives the element. Whatever the element runs on the old
+    // control's behalf, an animation on its window say, ends as if that control had gone.
+    if (m_control) {
+        OnChange(this, UpdateLeaving);
+        HandleControlDestroy();
+    }
     m_control = control;
     for (int i = 0; i < m_children->GetCount(); ++i)
         m_children->GetItem(i)->SetControl(control);
@@ -498,7 +517,8 @@ void CVisualElement::SetVisible(bool visible) {
     SetParentVisible(visible);
     // An undocked element takes no part in the docking: its parent repaints, shown or hidden.
     if (m_alignment != AlignNone) OnRearrange(this);
-    if (drawn && (m_alignment == AlignNone || place != m_bounds)) RepaintPlace(m_parent, place);
+    if (drawn && (m_alignment == AlignNone || !DockingCovers(m_parent, place, m_bounds)))
+        RepaintPlace(m_parent, place);
 }
 
 void CVisualElement::SetParentVisible(bool visible) {

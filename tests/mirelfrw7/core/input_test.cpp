@@ -117,25 +117,20 @@ TEST_F(Input, ATooltipRectangleComesInControlCoordinates) {
     EXPECT_EQ(tip.rect, (mirel7::rectangle<int>{80, 20, 130, 50}));
 }
 
-TEST_F(Input, AFocusDelegateSeesTheKeyOnce) {
-    Only({"sigKeyDown", "HandleKeyDown"});
-    a.SetFocusDelegate(&b);
-    f.Imp()->SetFocusedElement(&a, false);
-    f.window->InjectKeyDown('X');
-    EXPECT_EQ(journal,
-              (Journal{"B:sigKeyDown 88", "B:HandleKeyDown 88", "A:sigKeyDown 88", "A:HandleKeyDown 88"}));
-}
-
-// A focus delegate that is not a direct child: the key climbs from the delegate to the delegating element,
-// which goes on with it itself, instead of handing it down again.
-TEST_F(Input, AKeyIsHandedToADelegateBelowAChildOnlyOnce) {
+// A delegate sees the key first, once; one below a child too: the key climbs from it to the delegating
+// element, which goes on with it itself instead of handing it down again.
+TEST_F(Input, AKeyIsHandedToAFocusDelegateOnlyOnce) {
     CProbe inner(&b, journal, "I");
     Only({"sigKeyDown", "HandleKeyDown"});
-    a.SetFocusDelegate(&inner);
     f.Imp()->SetFocusedElement(&a, false);
-    f.window->InjectKeyDown('X');
-    EXPECT_EQ(journal, (Journal{"I:sigKeyDown 88", "I:HandleKeyDown 88", "B:sigKeyDown 88",
-                                "B:HandleKeyDown 88", "A:sigKeyDown 88", "A:HandleKeyDown 88"}));
+    for (CProbe* delegate : {&b, &inner}) {
+        journal.clear();
+        a.SetFocusDelegate(delegate);
+        f.window->InjectKeyDown('X');
+        Journal expected{"B:sigKeyDown 88", "B:HandleKeyDown 88", "A:sigKeyDown 88", "A:HandleKeyDown 88"};
+        if (delegate == &inner) expected.insert(expected.begin(), {"I:sigKeyDown 88", "I:HandleKeyDown 88"});
+        EXPECT_EQ(journal, expected);
+    }
 }
 
 TEST_F(Input, SetFocusedElementReadsTheFocusAgainAfterTheLostFocusHandlers) {
@@ -219,6 +214,34 @@ TEST(TabChain, ShiftTabWithNothingFocusedReachesAnOnlyFocusableFirstChild) {
     ASSERT_EQ(f.control->GetFocusedElement(), nullptr);
     f.window->InjectKeyDown(mirel7::KeyTab, FlagShift);
     EXPECT_EQ(f.control->GetFocusedElement(), only);
+}
+
+// P1, P2 and a group G of G1, G2: the group answers the chain while the focus is inside it, never after.
+// A Tab that moved the focus ends there; one at the end of the chain goes on to the window's own handling.
+TEST(TabChain, TheTabHandlerLapsesWithTheFocusAndOnlyAnUnmovedTabGoesOn) {
+    CControlFixture f;
+    Journal journal;
+    auto make = [&](CVisualElement* parent, char const* name) {
+        auto* p = new CProbe(parent, journal, name, AlignTop, {0, 10});
+        p->SetFocusable(true);
+        return p;
+    };
+    CProbe* p1 = make(f.Root(), "P1");
+    CProbe* p2 = make(f.Root(), "P2");
+    CProbe* group = make(f.Root(), "G");
+    group->SetFocusable(false);
+    CProbe* g1 = make(group, "G1");
+    CProbe* g2 = make(group, "G2");
+    f.control->Rearrange();
+    f.window->InjectFocusIn();
+    g1->SetFocus(true);
+    f.Imp()->SetTabHandler(group);
+    p1->SetFocus(true);
+    EXPECT_FALSE(f.window->InjectKeyDown(mirel7::KeyTab).passToBase) << "a Tab that moved the focus ends";
+    EXPECT_EQ(f.control->GetFocusedElement(), p2) << "the group no longer answers for P1";
+    g2->SetFocus(true);
+    EXPECT_TRUE(f.window->InjectKeyDown(mirel7::KeyTab).passToBase) << "the chain ended: the focus stayed";
+    EXPECT_EQ(f.control->GetFocusedElement(), g2);
 }
 
 // --- Dragging -------------------------------------------------------------------------------------------
@@ -326,24 +349,28 @@ struct CDeleter : tarnkit2::subscriber_base_t {
     void Delete(CVisualElement* e, int, int, int, mirel7::MouseButton) { delete e; }
 };
 
-TEST_F(Drag, TheDraggedElementMayDieWhileTheButtonComesUp) {
-    for (bool onClick : {true, false}) {
+// On a click, on the button coming up, or between events: the drag ends, and the copy of the window under
+// its item goes back at the next paint.
+TEST_F(Drag, TheDraggedElementMayDieWhileTheButtonComesUpOrBetweenEvents) {
+    for (int way : {0, 1, 2}) {
         auto* dragged = new CProbe(&a, journal, "D");
         dragged->SetPos({10, 50, 60, 70}, false);
         dragged->startDrag = dragged->acceptDrop = true;
         dragged->filter = {"HandleDropDone", "HandleDragFinished"};
         CDeleter deleter;
-        (onClick ? dragged->sigClick : dragged->sigButtonUp).connect(&deleter, &CDeleter::Delete);
+        (way == 0 ? dragged->sigClick : dragged->sigButtonUp).connect(&deleter, &CDeleter::Delete);
         f.window->InjectButtonUp(30, 30);
         f.window->InjectMouseMove(30, 70);
         f.window->InjectButtonDown(30, 70);
         f.window->InjectMouseMove(40, 75);
         ASSERT_TRUE(Dragging());
         journal.clear();
+        if (way == 2) delete dragged;
         f.window->InjectButtonUp(40, 75);
         EXPECT_FALSE(Dragging());
         EXPECT_FALSE(f.window->HasCapture());
         EXPECT_EQ(journal, Journal{}) << "a drag without its source drops nothing";
+        EXPECT_NE(f.Imp()->GetMouseFlags() & CBaseControlImp::DragBufferDrop, 0);
     }
 }
 

@@ -40,7 +40,7 @@ TEST(Storm, TheElementCoreSurvivesRandomInputAndTreeChanges) {
     long const actions = mirel_test::StormActions(20000, 100000);
     char const* const seeds = std::getenv("MIREL_STORM_SEEDS");
     for (unsigned seed = 1; seed <= unsigned(seeds ? std::atoi(seeds) : 1); ++seed)
-        EXPECT_TRUE(mirel_test::SurvivesStorm(MakeFilled, seed, actions));
+        EXPECT_TRUE(mirel_test::SurvivesStorm(MakeFilled, seed, actions, 1));
 }
 
 } // namespace

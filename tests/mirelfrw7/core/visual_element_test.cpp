@@ -447,6 +447,23 @@ TEST_F(Lifecycle, DynamicChildrenDieWithTheParentMembersSurviveDetached) {
     EXPECT_EQ(member.GetControl(), nullptr);
 }
 
+// Counts the ends of its control.
+struct CControlWatcher : CFilledElement {
+    using CFilledElement::CFilledElement;
+    void HandleControlDestroy() override { ++ends; }
+    int ends = 0;
+};
+
+TEST_F(Lifecycle, EveryElementOfASubtreeThatLeavesItsControlSeesTheControlEnd) {
+    CFilledElement outer(f.Root(), {0, 0}, AlignClient);
+    CControlWatcher inner(&outer, {0, 0}, AlignClient);
+    inner.ReParent(f.Root(), true);
+    inner.ReParent(&outer, true);
+    EXPECT_EQ(inner.ends, 0) << "moving inside the control ends nothing";
+    outer.ReParent(nullptr, true);
+    EXPECT_EQ(inner.ends, 1);
+}
+
 TEST_F(Lifecycle, ReparentingIntoTheOwnSubtreeAssertsAndChangesNothing) {
     CFilledElement outer(f.Root(), {0, 0}, AlignClient);
     CFilledElement inner(&outer, {0, 0}, AlignClient);
