@@ -59,7 +59,11 @@ CHeader::CHeader(CVisualElement* parent, size<int> const& elementSize, Alignment
     m_lastItemExpanded = true;
 }
 
-CHeader::~CHeader() = default;
+// The hosted elements die after this body, with the children: they must not call back into it.
+CHeader::~CHeader() {
+    for (auto& [modelIndex, anchor] : m_elements)
+        if (anchor.element) anchor.element->sigDestroy.disconnect(this, &CHeader::OnElementDestroy);
+}
 
 void CHeader::SetModel(IHeaderModel* model) {
     if (m_model) m_model->sigChanged.disconnect(this, &CHeader::OnModelChanged);

@@ -220,6 +220,9 @@ protected:
     void UpdateFullWidth(int delta) override;
 
     void OnModelChanged();
+    // A hosted element died: its anchor goes.
+    void OnElementDestroy(CVisualElement* element);
+    void Host(IHeaderItem* item, ElementAnchor const& anchor);
     // Walks `processor` over the sections, from the first top-level section that reaches `fromX`.
     void Walk(class CPositionProcessor& processor, double fromX) const;
     // The last visible leaf below a group, or the item itself.

@@ -178,24 +178,37 @@ int CHeader::GetItemOptimalWidth(IHeaderItem const* item) const {
 // --- Hosted elements --------------------------------------------------------------------------------------
 
 void CHeader::SetVisualElement(IHeaderItem* item, CVisualElement* element, bool stretch) {
-    if (!item || !element) return;
-    ElementAnchor& anchor = m_elements[item->GetModelIndex()];
-    anchor = {element, AlignNone, stretch};
-    RecreateElement(item->GetModelIndex(), anchor);
+    Host(item, {element, AlignNone, stretch});
 }
 
 void CHeader::SetVisualElement(IHeaderItem* item, CVisualElement* element, Alignment alignment) {
-    if (!item || !element) return;
-    ElementAnchor& anchor = m_elements[item->GetModelIndex()];
-    anchor = {element, alignment, false};
-    RecreateElement(item->GetModelIndex(), anchor);
+    Host(item, {element, alignment, false});
+}
+
+void CHeader::Host(IHeaderItem* item, ElementAnchor const& anchor) {
+    if (!item || !anchor.element) return;
+    ElementAnchor& slot = m_elements[item->GetModelIndex()];
+    // One connection for each anchor, made and dropped with it.
+    if (slot.element != anchor.element) {
+        if (slot.element) slot.element->sigDestroy.disconnect(this, &CHeader::OnElementDestroy);
+        anchor.element->sigDestroy.connect(this, &CHeader::OnElementDestroy);
+    }
+    slot = anchor;
+    RecreateElement(item->GetModelIndex(), slot);
 }
 
 void CHeader::RemoveVisualElement(int modelIndex) {
     auto const it = m_elements.find(modelIndex);
     if (it == m_elements.end()) return;
-    if (it->second.element) it->second.element->SetVisible(false);
+    if (CVisualElement* const element = it->second.element) {
+        element->sigDestroy.disconnect(this, &CHeader::OnElementDestroy);
+        element->SetVisible(false);
+    }
     m_elements.erase(it);
+}
+
+void CHeader::OnElementDestroy(CVisualElement* element) {
+    std::erase_if(m_elements, [element](auto const& entry) { return entry.second.element == element; });
 }
 
 void CHeader::RecreateElements() {
@@ -216,8 +229,9 @@ void CHeader::UpdateElementsPos() {
         UpdateElementPos(modelIndex, anchor);
 }
 
+// An element that was moved to another parent is left where its new parent puts it.
 void CHeader::UpdateElementPos(int modelIndex, ElementAnchor& anchor) {
-    if (!anchor.element) return;
+    if (!anchor.element || anchor.element->GetParent() != this) return;
     FindByModelIndex find(modelIndex);
     WalkHeaderModel(m_model, find, 0);
     rectangle<double> const rect = GetItemRect(find.m_found);

@@ -4,6 +4,7 @@
 #include "support/control_fixture.h"
 #include "support/probe_element.h"
 #include "support/repaint_property.h"
+#include "support/storm.h"
 #include "support/test_elements.h"
 #include "test_header_model.h"
 
@@ -273,6 +274,21 @@ TEST(HeaderRepaint, PartialRepaintsEqualAFullOne) {
     };
     for (unsigned seed : {1u, 2u, 3u})
         EXPECT_TRUE(mirel_test::IncrementalPaintEqualsFullPaint(scenario, seed));
+}
+
+// Headers with elements on their sections, under input that resizes, drags and expands, while the storm
+// deletes, hides and moves the elements and the headers.
+TEST(HeaderStorm, HostedElementsMayDieAnyTime) {
+    auto const make = [](CVisualElement* parent, std::mt19937& random) -> CVisualElement* {
+        auto* header = new CTestHeader(parent, Tree);
+        header->SetAlignment(mirel_test::Uniform(random, 0, 1) ? AlignTop : AlignBottom);
+        for (char const* name : {"a2", "B", "C"})
+            header->SetVisualElement(header->model.Find(name),
+                                     new mirel_test::CFilledElement(header, {8, 8}, AlignNone),
+                                     Alignment(mirel_test::Uniform(random, 0, 5)));
+        return header;
+    };
+    EXPECT_TRUE(mirel_test::SurvivesStorm(make, 11, mirel_test::StormActions(5000, 20000)));
 }
 
 } // namespace
