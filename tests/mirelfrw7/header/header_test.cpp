@@ -54,6 +54,7 @@ struct Header : testing::Test, tarnkit2::subscriber_base_t {
     void OnExpanded(CHeader*, IHeaderItem* item, bool on) {
         journal.push_back("expanded " + item->GetText() + (on ? " 1" : " 0"));
     }
+    void OnEdge(CHeader*, IHeaderItem* item) { journal.push_back("edge " + item->GetText()); }
     void OnMoved(CHeader*, IHeaderItem* item, int from, int to) {
         journal.push_back("moved " + item->GetText() + " " + std::to_string(from) + " " + std::to_string(to));
     }
@@ -224,6 +225,63 @@ TEST_F(Header, PaintsOnlyTheSectionsInTheClip) {
                   "DrawControlElement 5 46,40,83,60 state=0", "DrawControlElement 5 76,0,153,60 state=0",
                   "DrawControlElement 5 146,0,403,60 state=0"}))
         << "a1 lies left of the view; each piece is widened by 4 and clipped back";
+}
+
+// The caption sits left of the expand button and the marker place; a sorted section's marker points up for
+// ascending, and natively the piece with the arrow stands for it.
+TEST_F(Header, CaptionsButtonsAndSortMarkers) {
+    (*this)["C"]->sorting = SortAscending;
+    (*this)["D"]->sorting = SortDescending;
+    f.Paint();
+    std::vector<std::string> const captions = f.Recorder()->Lines({"DrawStringEx"});
+    ASSERT_EQ(captions.size(), 8u);
+    EXPECT_EQ(captions[0],
+              R"(DrawStringEx "A" 3,0,145,19 flags=0x121 delimiters=" .\n" color=#000000 at=3,2,11,18)");
+    EXPECT_EQ(
+        captions[7],
+        R"(DrawStringEx "D" 253,0,365,60 flags=0x121 delimiters=" .\n" color=#000000 at=253,22,261,38)");
+    EXPECT_EQ(
+        f.Recorder()->Lines({"Polygon"}),
+        (std::vector<std::string>{"Polygon 172,7 172,11 168,9 pen=#000000/1/solid brush=#000000",
+                                  "Polygon 172,27 172,31 168,29 pen=#000000/1/solid brush=#000000",
+                                  "Polygon 234,32.25 243,32.25 238.5,27.75 pen=#a0a0a0/1/solid brush=#a0a0a0",
+                                  "Polygon 369,27.75 378,27.75 373.5,32.25 pen=#a0a0a0/1/solid brush=#a0a0a0",
+                                  "Polygon 388,7 388,11 392,9 pen=#000000/1/solid brush=#000000"}))
+        << "A and B close to the left, C up, D down, D opens to the right";
+    header.SetNativeDrawing(true);
+    header.Update(UpdateLocal);
+    f.Recorder()->Clear();
+    f.Paint();
+    std::vector<std::string> const pieces = f.Recorder()->Lines({"DrawControlElement"});
+    ASSERT_EQ(pieces.size(), 8u);
+    EXPECT_EQ(pieces[6], "DrawControlElement 6 176,0,253,60 state=0");
+    EXPECT_EQ(pieces[7], "DrawControlElement 8 246,0,403,60 state=0");
+    EXPECT_EQ(f.Recorder()->Lines({"Polygon"}).size(), 3u) << "only the buttons' arrows";
+}
+
+TEST_F(Header, AnEdgeDoubleClickOffersTheLastLeafAndItsOptimalWidth) {
+    header.sigSectionEdgeDoubleClicked.connect(this, &Header::OnEdge);
+    f.window->InjectDoubleClick(176, 5);
+    f.window->InjectDoubleClick(100, 5);
+    EXPECT_EQ(journal, (Journal{"edge b2", "pressing A", "pressed A"}));
+    EXPECT_EQ(header.GetItemOptimalWidth((*this)["a2"]), 16 + 3 + 15 + 4 + 3)
+        << "the text, the gap, the marker place, and what the section keeps around its content";
+}
+
+TEST_F(Header, HostedElementsSitInTheirSectionsAndHideOutOfView) {
+    auto* left = new mirel_test::CFilledElement(&header, {10, 6}, AlignTop);
+    auto* over = new mirel_test::CFilledElement(&header, {10, 6}, AlignTop);
+    header.SetVisualElement((*this)["a1"], left, AlignLeft);
+    header.SetVisualElement((*this)["C"], over, true);
+    EXPECT_EQ(left->GetPosition(), (rectangle<int>{0, 37, 10, 43}));
+    EXPECT_EQ(over->GetPosition(), (rectangle<int>{180, 0, 245, 60}));
+    header.SetViewSize(200, false);
+    header.SetOffset(100);
+    EXPECT_FALSE(left->IsVisible());
+    EXPECT_EQ(over->GetPosition(), (rectangle<int>{80, 0, 145, 60}));
+    delete over;
+    header.SetOffset(0);
+    EXPECT_TRUE(left->IsVisible());
 }
 
 TEST_F(Header, ATreeChangeRebuildsTheColumnsAndTheHeight) {
