@@ -36,7 +36,11 @@ void CHeader::DrawContent(IPainter* painter) {
     painter->FillRect(rectangle<double>(GetContentRect()));
     if (!GetScrollModel() || !m_model) return;
     rectangle<double> const whole = GetHeaderRect();
-    CClipHolder clip(painter, whole);
+    // The header's rectangle as far as it is on the element: sections scrolled off must not spill over
+    // the neighbours.
+    rectangle<double> shown = whole;
+    CutRectByBounds(shown);
+    CClipHolder clip(painter, shown);
     // The clip of the pass, back in the header's pixels: device clips end one pixel early.
     rectangle<double> limits(GetBounds());
     rectangle<double> passClip = painter->GetClipRect();

@@ -1,3 +1,4 @@
+#include <mirelfrw7/core/clip_holder.h>
 #include <mirelfrw7/core/control.h>
 #include <mirelfrw7/header/section_painting.h>
 #include <mirelfrw7/header/simple_header.h>
@@ -360,6 +361,8 @@ void CSimpleHeader::HandleDrawDragItem(IPainter* painter, DragInfo& info, bool, 
 void CSimpleHeader::DrawContent(IPainter* painter) {
     painter->FillRect(rectangle<double>(GetContentRect()));
     if (!IsModelAvailable()) return;
+    // A section cut off at the start must not spill over the neighbours.
+    CClipHolder clip(painter, GetHeaderRect());
     double a0, a1, c0, c1;
     GetExtent(&a0, &a1, &c0, &c1);
     int first, start;

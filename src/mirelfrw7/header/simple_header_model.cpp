@@ -72,6 +72,8 @@ void CSimpleHeaderModel::OnMoveSection(CSimpleHeader*, int from, int to) {
     else
         std::rotate(first + to, first + from, first + from + 1);
     m_lastMove = CMoveTranslator(from, to);
+    // The captions of the positions between changed.
+    sigItemsChanged();
 }
 
 } // namespace mirelfrw7

@@ -54,7 +54,8 @@ public:
     int ModelIndex2Index(int modelIndex) const;
     bool IndexIsValid(int index) const { return index >= 0 && index < int(m_order.size()); }
     // The slot of the header's sigSectionMoved: `to` is the position the section takes once moved (not the
-    // gap it was dropped into), so a move to the same place records itself and changes nothing.
+    // gap it was dropped into), so a move to the same place records itself and changes nothing. Announces
+    // the change of captions.
     void OnMoveSection(CSimpleHeader* header, int from, int to);
 
     std::vector<int> const& GetOrder() const { return m_order; }

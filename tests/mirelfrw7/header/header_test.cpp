@@ -304,12 +304,16 @@ TEST(HeaderRepaint, PartialRepaintsEqualAFullOne) {
     mirel_test::SRepaintScenario scenario;
     scenario.clientSize = {300, 90};
     scenario.build = [](CBaseControl& control) {
+        // A neighbour on the left, where sections scrolled off must not show.
+        new mirel_test::CFilledElement(control.GetContent(), {20, 0}, AlignLeft);
         auto* header = new CTestHeader(control.GetContent(), Tree);
         header->SetViewSize(300, false);
         new mirel_test::CFilledElement(control.GetContent(), {0, 0}, AlignClient);
     };
     scenario.act = [](CBaseControl& control, mirel7::headless::CHeadlessWindow&, std::mt19937& random) {
-        auto* header = static_cast<CTestHeader*>(control.GetContent()->GetChildren()->GetItem(0));
+        // Repainted with the header, the neighbour shares its clip.
+        control.GetContent()->GetChildren()->GetItem(0)->Update(UpdateLocal);
+        auto* header = static_cast<CTestHeader*>(control.GetContent()->GetChildren()->GetItem(1));
         int const column = mirel_test::Uniform(random, 0, header->GetCount() - 1);
         switch (mirel_test::Uniform(random, 0, 3)) {
         case 0:

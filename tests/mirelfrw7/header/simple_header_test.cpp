@@ -5,6 +5,7 @@
 
 #include "support/control_fixture.h"
 #include "support/probe_element.h"
+#include "support/repaint_property.h"
 #include "support/test_elements.h"
 
 #include <gtest/gtest.h>
@@ -164,6 +165,58 @@ TEST_P(SimpleHeader, ADropMovesTheSectionInTheModel) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Edges, SimpleHeader, testing::Values(AlignTop, AlignBottom, AlignLeft, AlignRight));
+
+// Simple headers on two edges over one column model: random resizes, scrolls, moves and presses, each
+// repainted partially, end on the pixels of a full paint.
+TEST(SimpleHeaderRepaint, PartialRepaintsEqualAFullOne) {
+    struct CHost : CSimpleHeader {
+        CHost(CVisualElement* parent, Alignment alignment) : CSimpleHeader(parent, {24, 24}, alignment) {
+            columns.SetDefaultItemSize(50);
+            columns.SetCount(8);
+            columns.SetViewSize(300, false);
+            captions.InitStartOrder(8);
+            SetViewModel(&columns);
+            SetModel(&captions);
+            captions.ConnectHeader(this);
+        }
+        CDefaultColumnViewModel columns;
+        CCaptions captions;
+    };
+    mirel_test::SRepaintScenario scenario;
+    scenario.clientSize = {300, 120};
+    scenario.build = [](CBaseControl& control) {
+        new CHost(control.GetContent(), AlignTop);
+        new CHost(control.GetContent(), AlignLeft);
+        new mirel_test::CFilledElement(control.GetContent(), {0, 0}, AlignClient);
+        // Laid out before the first action: the pointer finds the same sections whether paints come or not.
+        control.Rearrange();
+    };
+    scenario.act = [](CBaseControl& control, mirel7::headless::CHeadlessWindow& window,
+                      std::mt19937& random) {
+        auto* host = static_cast<CHost*>(
+            control.GetContent()->GetChildren()->GetItem(mirel_test::Uniform(random, 0, 1)));
+        int const section = mirel_test::Uniform(random, 0, 7);
+        switch (mirel_test::Uniform(random, 0, 3)) {
+        case 0:
+            host->columns.SetItemSize(section, mirel_test::Uniform(random, 15, 90));
+            break;
+        case 1:
+            host->columns.SetOffset(mirel_test::Uniform(random, 0, 200));
+            break;
+        case 2:
+            host->sigSectionMoved(host, section, mirel_test::Uniform(random, 0, 7));
+            break;
+        default: {
+            int const x = mirel_test::Uniform(random, 30, 290), y = mirel_test::Uniform(random, 0, 110);
+            window.InjectMouseMove(x, y);
+            window.InjectButtonDown(x, y);
+            window.InjectButtonUp(x, y);
+        }
+        }
+    };
+    for (unsigned seed : {1u, 2u})
+        EXPECT_TRUE(mirel_test::IncrementalPaintEqualsFullPaint(scenario, seed));
+}
 
 TEST(SimpleHeaderSettings, TheMinimalWidthIsNeverBelowFifteen) {
     mirel_test::CControlFixture f;
