@@ -114,6 +114,13 @@ void CHeader::RecalculateHeight() {
     if (line >= 0) SetSize({GetSize().cx, m_levelCount * (line + 4)}, false);
 }
 
+void CHeader::SetSingleColumnWidth(int width) {
+    m_singleColumnWidth = width;
+    m_items.Reoffset(*this, 0);
+    UpdateFullWidth(0);
+    Update(UpdateLocal);
+}
+
 void CHeader::SetItemVisualisation(IHeaderItemVisualisation* visualisation) {
     m_visualisation = visualisation ? visualisation : this;
     Update(UpdateLocal);

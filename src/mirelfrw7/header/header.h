@@ -89,7 +89,7 @@ public:
     signal_t<CHeader*, IHeaderItem*, int, bool*> sigSectionResizing;
     // (leaf, width): a step of a resize was applied.
     signal_t<CHeader*, IHeaderItem*, int> sigSectionResized;
-    // (item): the button came up on a pressed section.
+    // (item): the button came up on a pressed section: the click that sorts by a column.
     signal_t<CHeader*, IHeaderItem*> sigSectionPressed;
     // (leaf): a double click on a resize edge; GetItemOptimalWidth is the width to apply.
     signal_t<CHeader*, IHeaderItem*> sigSectionEdgeDoubleClicked;
@@ -167,7 +167,7 @@ public:
     void SetMinSectionWidth(int width) { m_minSectionWidth = width; }
     void SetSortingEnabled(bool enabled) { m_sortingEnabled = enabled; }
     // Columns report this width while there is exactly one of them; 0 or less switches it off.
-    void SetSingleColumnWidth(int width) { m_singleColumnWidth = width; }
+    void SetSingleColumnWidth(int width);
     // A null visualisation stands for the header's own.
     void SetItemVisualisation(IHeaderItemVisualisation* visualisation);
     // Counts the levels again, and sizes the header to hold them.
@@ -192,7 +192,6 @@ public:
     // The width a leaf needs to show its image, caption and marker whole.
     int GetItemOptimalWidth(IHeaderItem const* item) const;
     Processing const& GetProcessing() const { return m_processing; }
-    IHeaderItem* GetHotItem() const { return m_hotItem; }
     // Answers whether the hot section or its state changed.
     bool ProcessHotSection(HitTestResult const& hit);
     // Top-level sections drop only inside this rectangle (header coordinates); empty: the whole header.

@@ -17,7 +17,9 @@ public:
     virtual int GetChildCount() const = 0;
     virtual IHeaderItem* GetChild(int index) = 0;
     virtual IHeaderItem const* GetChild(int index) const = 0;
-    // Read only for visible leaves: a group is as wide as its visible leaves together.
+    // Read only for visible leaves: a group is as wide as its visible leaves together. A width changed
+    // other than through the header's SetItemSize is announced with the model's sigChanged, like any change
+    // of the tree.
     virtual int GetWidth() const = 0;
     virtual void SetWidth(int width) = 0;
     // The item's column in the data.

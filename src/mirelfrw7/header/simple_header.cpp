@@ -28,11 +28,6 @@ CSimpleHeader::CSimpleHeader(CVisualElement* parent, size<int> const& elementSiz
     SetTextConversion(true);
 }
 
-void CSimpleHeader::SetAlignment(Alignment alignment) {
-    CScrollableElementEx::SetAlignment(alignment);
-    OnChange(this, UpdateLocal);
-}
-
 // The header draws in its own pixels, whatever the scroll model along it maps.
 void CSimpleHeader::SetCoordSystem(IPainter*) {}
 

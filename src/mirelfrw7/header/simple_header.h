@@ -62,7 +62,6 @@ public:
                                double across1);
 
     // --- Element -----------------------------------------------------------------------------------------
-    void SetAlignment(Alignment alignment) override;
     void SetCoordSystem(IPainter* painter) override;
     void DrawContent(IPainter* painter) override;
     bool HandleMouseMove(int x, int y, int flags, MouseButton button) override;
@@ -119,7 +118,6 @@ public:
 
     int GetState() const { return m_state; }
     int GetSection() const { return m_section; }
-    int GetHotSection() const { return m_hotSection; }
 
 protected:
     // Draws section `index` from `at`: along start and across start.

@@ -99,6 +99,7 @@ TEST_F(Header, TheColumnsAreTheVisibleLeaves) {
     single.SetSingleColumnWidth(77);
     EXPECT_EQ(single.GetItemSize(0), 77);
     EXPECT_EQ(single.GetFullItemsSize(), 77);
+    EXPECT_EQ(single.GetItemsExtent(0, 1), 77);
 }
 
 // The view model, the hit test and the rectangles agree at any offset, and the stretched last column keeps
