@@ -3,6 +3,7 @@
 #include "gallery.h"
 
 #include <mirelfrw7/core/label.h>
+#include <mirelfrw7/header/delimiters.h>
 #include <mirelfrw7/layout/layout_flavor.h>
 
 #include <mirel7/image_list.h>

@@ -20,10 +20,6 @@ using mirel7::size;
 char const DefaultDelimiters[] = " .\n";
 char const HTMLDelimiters[] = " .\n<>";
 
-char const* GetDelimiters(bool html) {
-    return html ? HTMLDelimiters : DefaultDelimiters;
-}
-
 namespace {
 
 // A label may stand at the ends of int, and its image space may be as large as an int goes: the places of

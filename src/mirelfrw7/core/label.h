@@ -48,6 +48,5 @@ MIRELFRW7_API int LabelHitTest(mirel7::point<double> const& at, mirel7::IPainter
 // tags as well.
 MIRELFRW7_API extern char const DefaultDelimiters[];
 MIRELFRW7_API extern char const HTMLDelimiters[];
-MIRELFRW7_API char const* GetDelimiters(bool html);
 
 } // namespace mirelfrw7

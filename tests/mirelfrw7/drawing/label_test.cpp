@@ -319,13 +319,6 @@ TEST_F(Label, PartsPastTheEndsOfIntStopThere) {
     }
 }
 
-TEST(LabelDelimiters, PlainAndHtml) {
-    EXPECT_STREQ(GetDelimiters(false), " .\n");
-    EXPECT_STREQ(GetDelimiters(true), " .\n<>");
-    EXPECT_EQ(GetDelimiters(false), DefaultDelimiters);
-    EXPECT_EQ(GetDelimiters(true), HTMLDelimiters);
-}
-
 // On the screen, with real fonts: the hit test answers the image exactly on the pixels that the paint gave
 // it, wherever the alignment and the edge put it.
 struct SScreenCase {
