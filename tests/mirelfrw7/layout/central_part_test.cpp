@@ -1,5 +1,6 @@
 #include <mirelfrw7/layout/central_part.h>
 
+#include "mirelfrw7/scroll/test_scroll_model.h"
 #include "support/control_fixture.h"
 #include "support/test_elements.h"
 
@@ -72,6 +73,29 @@ TEST(CentralPartIn, AMovingHolderInvalidatesIt) {
     EXPECT_EQ(part.GetPosition(), (R{0, 0, 50, 40}));
     EXPECT_EQ(part.GetValidRect(), (R{0, 0, 0, 0}));
     EXPECT_EQ(part.GetRearrangeRect(), (R{0, 89, 50, 129}));
+}
+
+// Over 0..199 x 20..99 of the window: 1000 units from 250 at 4 to a pixel across, 50 from 5 at 20 pixels
+// each down.
+TEST_F(CentralPart, DrawsInTheUnitsOfBothModelsAndLeavesThePainterAloneWithoutOne) {
+    mirel_test::CTestScrollModel horz{0, 1000, 250}, vert{0, 50, 5};
+    horz.measure = {4.0, 1};
+    vert.measure = {1.0, 20};
+    part.SetHorzScroll(&horz);
+    mirel7::CRecordingPainter& painter = *f.Recorder();
+    IPainter::CoordInfo const blank;
+    IPainter::MapMode mode;
+    IPainter::CoordInfo info;
+    painter.SetCoordSystem(IPainter::MapDevice, &blank);
+    part.SetCoordSystem(&painter);
+    painter.GetCoordSystem(mode, &info);
+    EXPECT_EQ(mode, IPainter::MapDevice);
+    EXPECT_EQ(info, blank);
+    part.SetVertScroll(&vert);
+    part.SetCoordSystem(&painter);
+    painter.GetCoordSystem(mode, &info);
+    EXPECT_EQ(mode, IPainter::MapElement);
+    EXPECT_EQ(info, IPainter::CoordInfo::Mapping(250, 5, 1000, 50, 0, 20, 250, 1000));
 }
 
 TEST_F(CentralPart, IsItsOwnCentralPane) {
