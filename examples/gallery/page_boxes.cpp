@@ -187,6 +187,7 @@ void BuildNative(CVisualElement* column) {
 class CStripes : public CCentralPart {
 public:
     explicit CStripes(CVisualElement* parent) : CCentralPart(parent, {0, 0}, AlignClient) {
+        SetFgColor(_color(20, 20, 20));
         SetFocusable(true);
     }
     void DrawContent(IPainter* painter) override {
@@ -197,7 +198,6 @@ public:
             fill.color = index % 2 ? _color(86, 180, 233) : _color(240, 240, 240);
             painter->SetBrush(fill);
             painter->FillRect(b.left, y, b.right, y + 19);
-            painter->SetTextColor(GetFgColor());
             painter->DrawString(rectangle<double>(b.left + 6, y, b.right, y + 19),
                                 "line " + std::to_string(index),
                                 IPainter::AlignLeft | IPainter::AlignVCenter);
