@@ -73,8 +73,8 @@ CVisualElement* MakeContainer(CVisualElement* parent, std::mt19937& random) {
     return e;
 }
 
-// Panes stay out: a long storm finds a pane whose new focus colour never reaches the screen, which is
-// still to be tracked down.
+// Panes stay out: a long storm finds a pane outline that a full paint does not show, also for a pane whose
+// focus never changes, which is still to be tracked down.
 CVisualElement* MakeContainerButPane(CVisualElement* parent, std::mt19937& random) {
     CVisualElement* const e = MakeContainer(parent, random);
     if (!dynamic_cast<CPane*>(e)) return e;
