@@ -47,24 +47,20 @@ TEST_F(Container, TheNativeControlCoversTheContentAndComesBackOnlyAfterThePaintB
 }
 
 TEST_F(Container, HiddenWithItsParentAndShownAgainAtTheNextPaint) {
+    holder.SetVisible(false);
     container.SetNativeControl(&native);
+    EXPECT_FALSE(native.visible) << "given while its parent was hidden";
+    EXPECT_FALSE(container.GetNeedToShow());
+    holder.SetVisible(true);
     f.Paint();
     holder.SetVisible(false);
     EXPECT_FALSE(native.visible);
     EXPECT_FALSE(container.GetNeedToShow());
     holder.SetVisible(true);
+    EXPECT_FALSE(native.visible) << "shown before the container painted";
     EXPECT_TRUE(container.GetNeedToShow());
     f.Paint();
     EXPECT_TRUE(native.visible);
-}
-
-TEST_F(Container, InsideAHiddenParentTheNativeControlStaysHidden) {
-    holder.SetVisible(false);
-    container.SetNativeControl(&native);
-    EXPECT_FALSE(native.visible);
-    EXPECT_FALSE(container.GetNeedToShow());
-    container.UpdateControlPos();
-    EXPECT_FALSE(container.GetNeedToShow());
 }
 
 TEST_F(Container, FittingTakesTheNaturalSizeWithTheDifferenceOfTheInsets) {

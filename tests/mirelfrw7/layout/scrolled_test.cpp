@@ -56,18 +56,6 @@ TEST(Scrolled, TheNavigationKeysKeepTheWindowCovered) {
     }
 }
 
-TEST(Scrolled, GoingToTheEndTwiceStays) {
-    CControlFixture f;
-    f.control->Rearrange();
-    CSpyScrolled s(f.Root(), {-30, -60, 270, 190});
-    s.GotoEndLine();
-    s.GotoEnd();
-    R const end = s.GetPosition();
-    s.GotoEndLine();
-    s.GotoEnd();
-    EXPECT_EQ(s.GetPosition(), end);
-}
-
 TEST(Scrolled, WithoutClippingKeysAreNotHandledAndTheWholeElementIsDrawn) {
     CControlFixture f;
     f.control->Rearrange();
