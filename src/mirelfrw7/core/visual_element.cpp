@@ -419,6 +419,10 @@ void CVisualElement::ReParent(CVisualElement* newParent, bool rearrange) {
     // itself where it comes.
     rectangle<int> place;
     if (oldParent) {
+        // Ancestors that keep lists of what lies inside them hear of the leaving while the links still
+        // say that the element was theirs: afterwards their lists would hold it past its life.
+        for (CVisualElement* e = oldParent; e; e = e->m_parent)
+            e->BeforeProcessChange(this, UpdateLeaving);
         if (relayout) OnRearrange(this);
         if (rearrange && GetExtent(this, place, false) &&
             (!relayout || !DockingCovers(oldParent, place, m_bounds)))

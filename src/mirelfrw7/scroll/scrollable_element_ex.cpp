@@ -1,37 +1,14 @@
 #include <mirelfrw7/items/saturating_int.h>
+#include <mirelfrw7/scroll/axis_mapping.h>
 #include <mirelfrw7/scroll/scroll_converter.h>
 #include <mirelfrw7/scroll/scroll_model.h>
 #include <mirelfrw7/scroll/scrollable_element_ex.h>
 
-#include <cmath>
+#include <cstdint>
 
 namespace mirelfrw7 {
 
 namespace {
-
-// One axis of a CoordInfo, with the extent of the axis rectangle along it.
-struct SAxis {
-    double& logicalOrigin;
-    double& logicalExtent;
-    int& origin;
-    int& extent;
-    int low, high;
-};
-
-// Along the strip: the model's units from the view's start over the rectangle; a backward range runs from
-// the far end.
-void FillAlong(SAxis axis, IScrollModel const& model) {
-    double const from = model.GetFrom(), to = model.GetTo();
-    auto const [units, pixels] = UsableMeasure(model);
-    axis.logicalOrigin = model.GetStart();
-    axis.logicalExtent = std::abs(to - from);
-    axis.origin = axis.low;
-    axis.extent = SaturatingInt(pixels * axis.logicalExtent / units);
-    if (from > to) {
-        axis.extent = -axis.extent;
-        axis.origin = SaturatingInt(std::int64_t(axis.origin) + axis.high - axis.low);
-    }
-}
 
 // Across the strip: pixels growing away from the central pane, which lies after a top or left strip.
 void FillAcross(SAxis axis, bool paneAfter) {
@@ -40,10 +17,6 @@ void FillAcross(SAxis axis, bool paneAfter) {
     axis.logicalExtent = double(thickness);
     axis.extent = SaturatingInt(paneAfter ? -thickness : thickness);
     axis.origin = axis.extent < 0 ? axis.high : axis.low;
-}
-
-rectangle<int> Truncated(rectangle<double> const& r) {
-    return {SaturatingInt(r.left), SaturatingInt(r.top), SaturatingInt(r.right), SaturatingInt(r.bottom)};
 }
 
 } // namespace

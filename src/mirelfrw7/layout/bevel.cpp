@@ -1,0 +1,75 @@
+#include <mirelfrw7/layout/bevel.h>
+#include <mirelfrw7/layout/insets.h>
+
+#include <mirel7/custom_palette.h>
+
+namespace mirelfrw7 {
+
+CBevel::CBevel(CVisualElement* parent, size<int> const& elementSize, Alignment alignment)
+    : CVisualElement(parent, elementSize, alignment) {}
+
+void CBevel::SetStyle(BorderStyle style) {
+    if (style == m_style) return;
+    m_style = style;
+    OnChange(this, UpdateLocal);
+}
+
+void CBevel::SetShape(BorderShape shape) {
+    if (shape == m_shape) return;
+    m_shape = shape;
+    OnChange(this, UpdateLocal);
+}
+
+void CBevel::SetOffset(rectangle<int> const& offset) {
+    if (offset == m_offset) return;
+    m_offset = offset;
+    OnChange(this, UpdateLocal);
+}
+
+void CBevel::SetContentOffset(rectangle<int> offset) {
+    if (offset == m_contentOffset) return;
+    m_contentOffset = offset;
+    OnChange(this, UpdateLocal);
+}
+
+rectangle<double> CBevel::GetBevelRect() const {
+    return rectangle<double>(Inset(GetBounds().Normalized(), m_offset));
+}
+
+rectangle<int> CBevel::GetContentRect() const {
+    return Inset(rectangle<int>(GetBevelRect()).Normalized(), m_contentOffset);
+}
+
+void CBevel::DrawBackground(IPainter* painter) {
+    painter->FillRect(rectangle<double>(GetBounds()));
+}
+
+void CBevel::DrawContent(IPainter* painter) {
+    DrawBackground(painter);
+    if (m_shape >= mirel7::BorderNone) return;
+    // The shades of the frame derive from the element's own colour where it is not the usual one.
+    _color const background = GetBkColor();
+    ISysPalette const* const system = mirel7::GetSysPalette();
+    _color const usual =
+        (system ? system : mirel7::GetDefaultPalette())->GetColor(ISysPalette::ColorElementBackground);
+    bool const custom = background != usual;
+    if (custom) painter->SetCustomPalette(mirel7::CreateCustomPalette(background));
+    mirel7::DrawBorder(painter, rectangle<double>(rectangle<int>(GetBevelRect())), m_shape, m_style, true);
+    if (custom) painter->SetCustomPalette(nullptr);
+}
+
+bool CBorder::IsTransparent() const {
+    return true;
+}
+
+void CBorder::DrawContent(IPainter* painter) {
+    if (m_transparent) return;
+    rectangle<double> const saved = painter->GetClipRect();
+    rectangle<int> const content = GetContentRect();
+    painter->SetClipRect(content.left, content.top, content.right, content.bottom, true);
+    CBevel::DrawContent(painter);
+    painter->ResetClip();
+    if (!saved.IsAllZero()) painter->SimpleSetClipRect(saved, false);
+}
+
+} // namespace mirelfrw7

@@ -1,0 +1,57 @@
+#pragma once
+
+#include <mirelfrw7/export.h>
+#include <mirelfrw7/layout/scrolled.h>
+
+namespace mirelfrw7 {
+
+// A holder that sizes itself to its children along one axis: the sum of the sizes of the visible children
+// docked along that axis, one pixel apart, and a pad after them. It measures itself whenever a child is
+// added or asks for a rearrangement, and once when its tree is attached to a control; while the control is
+// being attached it stays put, so that a tree built beforehand is measured once.
+class MIRELFRW7_API CBoxBase : public CScrolled {
+public:
+    CBoxBase(CVisualElement* parent, size<int> const& elementSize, Alignment alignment);
+
+    virtual void RecalculateSize() = 0;
+    bool IsScrollableOnSetPos() const override;
+    void ProcessSetControl(IControl* control) override;
+    void AfterSetControl() override;
+    void AddNewChild(CVisualElement* child) override;
+    void ProcessRearrange(CVisualElement** target) override;
+
+    bool GetAutoSize() const { return m_autoSize; }
+    int GetPadSize() const { return m_padSize; }
+
+protected:
+    // The measured size along the axis of `vertical`, the other dimension kept.
+    void Recalculate(bool vertical);
+    // A new pad grows or shrinks the box by the difference at once, without measuring the children.
+    void SetPadSize(int pad, bool vertical);
+    // After the base placing: measures again when the other dimension changed, and repaints whole when the
+    // box moved.
+    void PlaceAndMeasure(rectangle<int> const& newRect, bool force, bool vertical);
+
+    bool m_autoSize;
+    int m_padSize = 0;
+};
+
+// Stacks its top, bottom and client children and takes their height.
+class MIRELFRW7_API CVertBox : public CBoxBase {
+public:
+    using CBoxBase::CBoxBase;
+    void SetPos(rectangle<int> const& newRect, bool force) override;
+    void RecalculateSize() override;
+    void SetBottomPadSize(int pad);
+};
+
+// Lines up its left, right and client children and takes their width.
+class MIRELFRW7_API CHorzBox : public CBoxBase {
+public:
+    using CBoxBase::CBoxBase;
+    void SetPos(rectangle<int> const& newRect, bool force) override;
+    void RecalculateSize() override;
+    void SetRightPadSize(int pad);
+};
+
+} // namespace mirelfrw7

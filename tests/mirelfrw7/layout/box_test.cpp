@@ -1,0 +1,97 @@
+#include <mirelfrw7/layout/box.h>
+
+#include "support/control_fixture.h"
+#include "support/test_elements.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <vector>
+
+namespace {
+
+using namespace mirelfrw7;
+using mirel_test::CControlFixture;
+using mirel_test::CFilledElement;
+using S = mirel7::size<int>;
+
+// Counts its measurements.
+template <class Box>
+struct CCounting : Box {
+    using Box::Box;
+    void RecalculateSize() override {
+        ++measured;
+        Box::RecalculateSize();
+    }
+    int measured = 0;
+};
+
+TEST(Box, AVertBoxTakesTheHeightsOfItsStackedChildrenEachAndAPixelAndItsPad) {
+    CControlFixture f;
+    CVertBox box(f.Root(), {50, 0}, AlignTop);
+    CFilledElement a(&box, {0, 10}, AlignTop), b(&box, {0, 20}, AlignBottom);
+    CFilledElement loose(&box, {0, 40}, AlignNone), side(&box, {7, 40}, AlignLeft);
+    box.SetBottomPadSize(5);
+    EXPECT_EQ(box.GetSize(), (S{50, 37}));
+    side.SetSize({7, 60}, false);
+    EXPECT_EQ(box.GetSize(), (S{50, 37})) << "neither an undocked nor a side child counts";
+    box.SetBottomPadSize(-3);
+    EXPECT_EQ(box.GetSize(), (S{50, 32})) << "a negative pad is none";
+}
+
+TEST(Box, AHorzBoxTakesTheWidthsOfItsLinedUpChildren) {
+    CControlFixture f;
+    CHorzBox box(f.Root(), {0, 30}, AlignLeft);
+    CFilledElement a(&box, {10, 0}, AlignLeft), b(&box, {20, 0}, AlignClient), top(&box, {0, 9}, AlignTop);
+    box.SetRightPadSize(5);
+    EXPECT_EQ(box.GetSize(), (S{37, 30}));
+}
+
+TEST(Box, HidingAChildResizesTheBoxAtOnceAndTheBoxIsDockedAnew) {
+    CControlFixture f;
+    CVertBox box(f.Root(), {50, 0}, AlignTop);
+    CFilledElement a(&box, {0, 10}, AlignTop), b(&box, {0, 20}, AlignTop);
+    CFilledElement below(f.Root(), {0, 10}, AlignTop);
+    f.control->Rearrange();
+    EXPECT_EQ(below.GetPosition().top, 33);
+    a.SetVisible(false);
+    EXPECT_EQ(box.GetSize(), (S{50, 21}));
+    f.control->Rearrange();
+    EXPECT_EQ(box.GetPosition(), (mirel7::rectangle<int>{0, 0, 199, 21}));
+    EXPECT_EQ(b.GetPosition(), (mirel7::rectangle<int>{0, 0, 199, 20}));
+    EXPECT_EQ(below.GetPosition().top, 22);
+}
+
+TEST(Box, ATreeBuiltDetachedIsMeasuredOnceWhenAttachedInnerBoxesFirst) {
+    CControlFixture f;
+    CCounting<CVertBox> outer(nullptr, {50, 0}, AlignTop);
+    CCounting<CVertBox> inner(&outer, {0, 0}, AlignTop);
+    CFilledElement a(&inner, {0, 10}, AlignTop), b(&inner, {0, 20}, AlignTop);
+    EXPECT_FALSE(outer.GetAutoSize());
+    EXPECT_EQ(outer.GetSize(), (S{50, 0})) << "measured without a control";
+    outer.measured = inner.measured = 0;
+    outer.ReParent(f.Root(), true);
+    EXPECT_TRUE(outer.GetAutoSize());
+    EXPECT_EQ(inner.GetSize().cy, 32);
+    EXPECT_EQ(outer.GetSize().cy, 33);
+    EXPECT_EQ(inner.measured, 1);
+    EXPECT_EQ(outer.measured, 1);
+    outer.ReParent(nullptr, true);
+}
+
+TEST(Box, AWiderVertBoxMeasuresAgainAndAMovedOneRepaintsWhole) {
+    CControlFixture f;
+    CCounting<CVertBox> box(f.Root(), {50, 0}, AlignNone);
+    CFilledElement a(&box, {0, 10}, AlignTop);
+    box.SetPos({0, 0, 50, 10}, false);
+    f.Paint();
+    box.measured = 0;
+    box.SetPos({0, 0, 60, 10}, false);
+    EXPECT_EQ(box.measured, 1);
+    box.SetPos({0, 5, 60, 15}, false);
+    std::vector<CVisualElement*> const held = f.Imp()->GetHeldElements();
+    EXPECT_NE(std::find(held.begin(), held.end(), &box), held.end());
+    EXPECT_FALSE(box.IsScrollableOnSetPos());
+}
+
+} // namespace
