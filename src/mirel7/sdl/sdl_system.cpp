@@ -85,11 +85,8 @@ void CSdlSystem::Dispatch(SDL_Event const& event) {
         return; // wake-ups and what no window takes
     }
     if (CSdlWindow* const window = FindWindow(windowId)) return window->Dispatch(event);
-    for (CSysWindowBase* window : GetWindows()) {
-        auto* const sdlWindow = static_cast<CSdlWindow*>(window);
-        if (sdlWindow->GetMenuWindow().IsOpen() && sdlWindow->GetMenuWindow().GetId() == windowId)
-            return sdlWindow->DispatchMenu(event);
-    }
+    for (CSysWindowBase* window : GetWindows())
+        if (static_cast<CSdlWindow*>(window)->DispatchPopup(event, windowId)) return;
 }
 
 bool CSdlSystem::RunOnce(int timeoutMs) {

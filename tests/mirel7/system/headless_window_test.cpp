@@ -63,12 +63,14 @@ TEST_F(HeadlessWindow, DoubleClickArrivesAsDownUpDoubleClickUp) {
 
 TEST_F(HeadlessWindow, WheelKeysAndCharactersKeepTheirCodes) {
     window.InjectWheel(1, 2, -2, FlagControl);
+    window.InjectHorizontalWheel(1, 2, 1, FlagControl);
     CKeyboardEvent const down = window.InjectKeyDown(KeyTab, FlagShift);
     window.InjectChar('a');
     window.InjectKeyUp('C', FlagControl | FlagAlt);
     EXPECT_EQ(control.Take(),
-              (Journal{"Wheel 1,2 flags=512 button=0 delta=-2", "KeyDown key=9 char=0 flags=256",
-                       "Char key=0 char=97 flags=0", "KeyUp key=67 char=0 flags=1536"}));
+              (Journal{"Wheel 1,2 flags=512 button=0 delta=-2", "Wheel 1,2 flags=768 button=0 delta=-1",
+                       "KeyDown key=9 char=0 flags=256", "Char key=0 char=97 flags=0",
+                       "KeyUp key=67 char=0 flags=1536"}));
     EXPECT_TRUE(down.handled) << "the result words start set";
     EXPECT_TRUE(down.passToBase);
 }
