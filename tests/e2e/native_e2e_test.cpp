@@ -6,6 +6,7 @@
 #include "e2e/sdl_test.h"
 
 #include <SDL.h>
+#include <SDL_syswm.h>
 #include <gtest/gtest.h>
 
 namespace {
@@ -87,6 +88,21 @@ TEST_F(NativeOnX, AContextMenuTakesArrowsAndReturnAndClosesOnEscapeOrAClickBesid
     EXPECT_EQ(chosen, std::vector{1});
     EXPECT_TRUE(PumpUntil([&] { return SDL_GetKeyboardFocus() == SDL_GetWindowFromID(window->GetId()); }))
         << "the keyboard the menu took comes back";
+}
+
+TEST_F(NativeOnX, ARequestNamingAVanishedWindowDoesNotEndTheProgram) {
+    SDL_SysWMinfo info;
+    SDL_VERSION(&info.version);
+    ASSERT_TRUE(SDL_GetWindowWMInfo(SDL_GetWindowFromID(window->GetId()), &info));
+    Display* const display = info.info.x11.display;
+    ::Window const gone = XCreateSimpleWindow(display, DefaultRootWindow(display), 0, 0, 1, 1, 0, 0, 0);
+    XDestroyWindow(display, gone);
+    XEvent event{};
+    event.xclient.type = ClientMessage;
+    event.xclient.window = gone;
+    event.xclient.format = 32;
+    XSendEvent(display, gone, 0, NoEventMask, &event);
+    XSync(display, 0);
 }
 
 } // namespace
