@@ -1,5 +1,6 @@
 // The painter against plain Cairo and Pango doing the same work in the same run: pixel access as the
-// antialiased line rasteriser uses it, small fills, and measuring and drawing a short string.
+// antialiased line rasteriser uses it, small fills, measuring and drawing a short string, and wrapping a
+// paragraph against drawing the same lines broken beforehand.
 #include <mirel7/window_painter.h>
 
 #include <benchmark/benchmark.h>
@@ -195,6 +196,34 @@ void DrawStringPlainCairo(benchmark::State& state) {
     }
 }
 
+// A paragraph of `words` words never seen before (the painter keeps widths it measured), wrapped into four
+// lines; the baseline draws the same lines broken by line feeds, so the difference is the wrapping alone.
+std::string FreshWords(int words, int& counter, int breakEvery) {
+    std::string text;
+    for (int i = 1; i <= words; ++i)
+        text += "w" + std::to_string(100000 + counter++) + (i % breakEvery == 0 && i < words ? "\n" : " ");
+    return text;
+}
+
+void WrapParagraph(benchmark::State& state, bool wrap) {
+    std::unique_ptr<IWindowPainter> const painter = NewWindowPainter({Side, Side}, 1.0);
+    painter->SetTextColor(_color(0, 0, 0));
+    int const words = static_cast<int>(state.range(0));
+    int counter = 0;
+    // Digits are equally wide, so a quarter of any such paragraph takes this width.
+    double const width = painter->GetTextSize(FreshWords(words / 4, counter, words)).cx + 4;
+    for (auto _ : state) {
+        std::string const text = FreshWords(words, counter, wrap ? words + 1 : words / 4);
+        painter->DrawStringEx({0, 0, width, Side}, text.c_str(), 0, -1, wrap ? " " : nullptr, nullptr);
+    }
+}
+void WrapPainter(benchmark::State& state) {
+    WrapParagraph(state, true);
+}
+void WrapBrokenBeforehand(benchmark::State& state) {
+    WrapParagraph(state, false);
+}
+
 BENCHMARK(PixelsPainter)->Unit(benchmark::kMillisecond);
 BENCHMARK(PixelsPlainMemory)->Unit(benchmark::kMillisecond);
 BENCHMARK(PixelsPlainCairo)->Unit(benchmark::kMillisecond);
@@ -206,6 +235,8 @@ BENCHMARK(MeasureVariedPainter);
 BENCHMARK(MeasureVariedPlainPango);
 BENCHMARK(DrawStringPainter);
 BENCHMARK(DrawStringPlainCairo);
+BENCHMARK(WrapPainter)->Arg(40)->Arg(160)->Arg(640)->Unit(benchmark::kMillisecond);
+BENCHMARK(WrapBrokenBeforehand)->Arg(40)->Arg(160)->Arg(640)->Unit(benchmark::kMillisecond);
 
 } // namespace
 

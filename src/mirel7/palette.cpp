@@ -26,7 +26,7 @@ private:
         {255, 255, 255}, // window background
         {0, 0, 0},       // window text
         {160, 160, 160}, // shadow
-        {227, 227, 227}, // light
+        {255, 255, 255}, // light: lighter than the faces it edges
         {0, 0, 0},       // element foreground
         {0, 120, 215},   // highlight
         {255, 255, 255}, // highlight text

@@ -201,9 +201,7 @@ void CSysWindowBase::SendMove(int x, int y, int modifiers) {
     // A move restarts the rest that makes a hover, and the one that makes a tooltip.
     m_hoverTimer->SetActive(false);
     if (m_trackHover && m_pointerInside) m_hoverTimer->SetActive(true);
-    bool const inTip =
-        x >= m_tipValid.left && x <= m_tipValid.right && y >= m_tipValid.top && y <= m_tipValid.bottom;
-    if (m_tipShown && !inTip) HideTooltip();
+    if (m_tipShown) TrackTooltip();
     m_tipTimer->SetActive(false);
     if (!m_tipShown && m_pointerInside && m_buttons == 0) m_tipTimer->SetActive(true);
     if (RouteMove({x, y})) return;
@@ -352,6 +350,28 @@ void CSysWindowBase::AskTooltip() {
     m_tipShown = true;
     m_tipValid = event.rect.IsAllZero() ? rectangle<int>{m_pointer.x, m_pointer.y, m_pointer.x, m_pointer.y}
                                         : event.rect.Normalized();
+    ShowTooltipText(event);
+}
+
+void CSysWindowBase::TrackTooltip() {
+    auto const inside = [&] {
+        return m_pointer.x >= m_tipValid.left && m_pointer.x <= m_tipValid.right &&
+               m_pointer.y >= m_tipValid.top && m_pointer.y <= m_tipValid.bottom;
+    };
+    if (!inside()) return HideTooltip();
+    CTooltipEvent const event = SendTooltip(m_pointer.x, m_pointer.y, true);
+    // A receiver may have taken the tip down, or closed the window.
+    if (!m_tipShown || m_closing) return;
+    if (!event.rect.IsAllZero()) m_tipValid = event.rect.Normalized();
+    if (!inside()) return HideTooltip();
+    if (!event.text.empty() && event.text != m_tipText) {
+        CloseTooltip();
+        ShowTooltipText(event);
+    }
+}
+
+void CSysWindowBase::ShowTooltipText(CTooltipEvent const& event) {
+    m_tipText = event.text;
     point<int> at = m_pointer;
     ClientToScreen(at);
     // The pointer's own cell: the tip goes below the arrow, or above it at the screen's foot.

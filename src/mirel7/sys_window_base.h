@@ -94,6 +94,12 @@ protected:
     void SendDoubleClick(int x, int y, MouseButton button, int modifiers);
     void SendMove(int x, int y, int modifiers);
     void SendWheel(int x, int y, int delta, int modifiers);
+    // A sideways notch (`notches` to the right) travels as a wheel event with Shift held, the desktop's own
+    // convention for scrolling sideways: a notch to the right scrolls toward the end, like one toward the
+    // user.
+    void SendHorizontalWheel(int x, int y, int notches, int modifiers) {
+        SendWheel(x, y, -notches, modifiers | FlagShift);
+    }
     // The pointer left the window; reported if tracked, and not while the pointer is captured.
     void SendLeave();
     // The pointer rested; reported if tracked.
@@ -153,6 +159,11 @@ private:
     };
 
     void AskTooltip();
+    // While the tip shows, a move inside its rectangle is a tooltip track event at the pointer. Its answer
+    // may move the rectangle (the tip goes if the pointer is then outside) and change the text, which then
+    // shows at the pointer; an empty answer keeps the tip as it is.
+    void TrackTooltip();
+    void ShowTooltipText(CTooltipEvent const& event);
     CMouseEvent PointerEvent(int x, int y, MouseButton button, int modifiers) const;
     void AddDamage(screen_rectangle<int> const& area);
 
@@ -188,8 +199,9 @@ private:
     mirel_ptr<ISysTimer> m_tipTimer;
     bool m_tipShown = false;
     CPopupMenu* m_menu = nullptr;
-    // Where the shown tooltip stays valid, client pixels inclusive.
+    // Where the shown tooltip stays valid, client pixels inclusive, and its text.
     rectangle<int> m_tipValid;
+    std::string m_tipText;
 };
 
 } // namespace mirel7

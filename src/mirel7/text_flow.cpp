@@ -33,26 +33,50 @@ std::string_view TrimBlanks(std::string_view s) {
     return s;
 }
 
+std::size_t PieceEnd(std::string_view paragraph, char const* delimiters, std::size_t from) {
+    return std::min(paragraph.find_first_of(delimiters, from), paragraph.size() - 1) + 1;
+}
+
+// Each line takes its first piece and then as many more as fit. Measuring the line after every piece would
+// cost the square of its length; instead the count of pieces tried doubles until the line overflows and is
+// then halved back, so a line costs a few measurements of about its own length. Widths grow with the
+// pieces, so this finds the break that trying piece after piece would.
 void WrapParagraph(std::string_view paragraph, char const* delimiters, double maxWidth, ITextMeasure& measure,
                    std::vector<STextLine>& lines) {
-    std::size_t lineStart = 0, lineEnd = 0;
-    double lineWidth = 0;
-    while (lineEnd < paragraph.size()) {
-        std::size_t const pieceEnd =
-            std::min(paragraph.find_first_of(delimiters, lineEnd), paragraph.size() - 1) + 1;
-        std::string_view const candidate = TrimBlanks(paragraph.substr(lineStart, pieceEnd - lineStart));
-        double const width = measure.LineWidth(candidate);
-        if (width > maxWidth && lineEnd > lineStart) {
-            std::string_view const line = TrimBlanks(paragraph.substr(lineStart, lineEnd - lineStart));
-            lines.push_back({line, lineWidth});
-            lineStart = lineEnd;
-            continue;
-        }
-        lineEnd = pieceEnd;
-        lineWidth = width;
+    if (paragraph.empty()) {
+        lines.push_back({paragraph, measure.LineWidth(paragraph)});
+        return;
     }
-    std::string_view const last = TrimBlanks(paragraph.substr(lineStart));
-    lines.push_back({last, lineEnd > lineStart ? lineWidth : measure.LineWidth(last)});
+    std::vector<std::size_t> ends; // where the pieces of the line end, as far as they were looked at
+    for (std::size_t lineStart = 0; lineStart < paragraph.size();) {
+        auto const lineTo = [&](std::size_t piece) {
+            return TrimBlanks(paragraph.substr(lineStart, ends[piece] - lineStart));
+        };
+        ends.assign(1, PieceEnd(paragraph, delimiters, lineStart));
+        std::size_t fit = 0, over = 0; // the last piece known to fit, the first known not to (0: none yet)
+        double fitWidth = -1;
+        auto const tryPiece = [&](std::size_t piece) {
+            double const width = measure.LineWidth(lineTo(piece));
+            if (width > maxWidth) {
+                over = piece;
+            } else {
+                fit = piece;
+                fitWidth = width;
+            }
+        };
+        for (std::size_t step = 1; over == 0; step *= 2) {
+            while (ends.size() <= fit + step && ends.back() < paragraph.size())
+                ends.push_back(PieceEnd(paragraph, delimiters, ends.back()));
+            std::size_t const piece = std::min(fit + step, ends.size() - 1);
+            if (piece == fit) break; // the paragraph ends on the line
+            tryPiece(piece);
+        }
+        while (over > fit + 1)
+            tryPiece((fit + over) / 2);
+        if (fitWidth < 0) fitWidth = measure.LineWidth(lineTo(fit));
+        lines.push_back({lineTo(fit), fitWidth});
+        lineStart = ends[fit];
+    }
 }
 
 } // namespace

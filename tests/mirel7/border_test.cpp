@@ -12,7 +12,7 @@ namespace {
 using namespace mirel7;
 using Strings = std::vector<std::string>;
 
-// The default palette: face #f0f0f0, light #e3e3e3, shadow #a0a0a0, dark shadow #696969.
+// The default palette: face #f0f0f0, light #ffffff, shadow #a0a0a0, dark shadow #696969.
 struct SBorderCase {
     char const* name;
     int shape, style;
@@ -38,7 +38,7 @@ SBorderCase const Cases[] = {
      2.0,
      true,
      {9, 9, 0, 0},
-     {"FillRect 2,2,7,7 brush=#f0f0f0", "FillRect 2,0,7,1 brush=#e3e3e3", "FillRect 0,2,1,7 brush=#e3e3e3",
+     {"FillRect 2,2,7,7 brush=#f0f0f0", "FillRect 2,0,7,1 brush=#ffffff", "FillRect 0,2,1,7 brush=#ffffff",
       "FillRect 2,8,7,9 brush=#696969", "FillRect 8,2,9,7 brush=#696969", "FillRect 2,6,7,7 brush=#a0a0a0",
       "FillRect 6,2,7,7 brush=#a0a0a0"}},
     {"sunken top edge",

@@ -10,15 +10,15 @@ namespace {
 
 using namespace mirel7;
 
-// 10 pixels a byte, lines 20 high; counts the calls so that the cost of wrapping stays visible.
+// 10 pixels a byte, lines 20 high; counts the bytes measured so that the cost of wrapping stays visible.
 class CTenPerByte : public ITextMeasure {
 public:
     double LineWidth(std::string_view line) override {
-        ++calls;
+        bytes += line.size();
         return 10.0 * static_cast<double>(line.size());
     }
     double LineHeight() override { return 20; }
-    int calls = 0;
+    std::size_t bytes = 0;
 };
 
 std::vector<std::string> Texts(std::vector<STextLine> const& lines) {
@@ -53,6 +53,17 @@ TEST(BreakLines, WrapsAtDelimitersKeepingThemOnTheLineTheyClose) {
     std::vector<STextLine> const lines = BreakLines("alpha beta gamma", " ", 100, measure);
     EXPECT_EQ(lines[0].width, 100) << "the width of the trimmed line";
     EXPECT_EQ(lines[1].width, 50);
+}
+
+TEST(BreakLines, MeasuresALongLineAFewTimesNotOncePerWord) {
+    std::string text;
+    for (int i = 0; i < 800; ++i)
+        text += "ab ";
+    CTenPerByte measure;
+    std::vector<STextLine> const lines = BreakLines(text, " ", 12000, measure);
+    ASSERT_EQ(lines.size(), 2u);
+    EXPECT_EQ(lines[0].width, 11990) << "400 words less the last blank";
+    EXPECT_LT(measure.bytes, 20 * text.size());
 }
 
 TEST(AlignBox, EachAxisWithItsPrecedence) {

@@ -3,7 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include <chrono>
 #include <string>
 #include <vector>
 
@@ -199,7 +198,7 @@ public:
     }
 };
 
-TEST(HTMLTextFormatter, TakesTimeInProportionToTheTextOnAMillionCharacters) {
+TEST(HTMLTextFormatter, MeasuresAndDrawsInProportionToTheTextOnAMillionCharacters) {
     auto const repeat = [](std::string const& piece, std::size_t total) {
         std::string s;
         while (s.size() < total)
@@ -213,14 +212,9 @@ TEST(HTMLTextFormatter, TakesTimeInProportionToTheTextOnAMillionCharacters) {
         SCOPED_TRACE(text.substr(0, 12));
         CCountingPainter painter;
         CHTMLTextFormatter formatter;
-        auto const start = std::chrono::steady_clock::now();
         painter.DrawStringEx({0, 0, 400, 1e9}, text.c_str(), TopLeft, -1, HTMLDelimiters, &formatter);
-        double const seconds =
-            std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
         EXPECT_LE(painter.measured, 2 * n);
         EXPECT_LE(painter.drawn, 2 * n);
-        // A bound that only a cost growing with the square of the length could break.
-        EXPECT_LT(seconds, 60);
     }
 }
 

@@ -41,7 +41,10 @@ void CCairoPainter::PaintSurface(cairo_surface_t* pixels, point<int> const& orig
     double const sx = double(destination.Width()) / from.Width(),
                  sy = double(destination.Height()) / from.Height();
     cairo_scale(cr, sx, sy);
-    cairo_set_source_surface(cr, pixels, -origin.x, -origin.y);
+    // The filter reaches past the part's edges: padding the part alone keeps its neighbours' colours out.
+    cairo_surface_t* const part =
+        cairo_surface_create_for_rectangle(pixels, origin.x, origin.y, from.Width(), from.Height());
+    cairo_set_source_surface(cr, part, 0, 0);
     cairo_pattern_set_filter(cairo_get_source(cr),
                              sx == 1 && sy == 1 ? CAIRO_FILTER_NEAREST : CAIRO_FILTER_GOOD);
     cairo_pattern_set_extend(cairo_get_source(cr), CAIRO_EXTEND_PAD);
@@ -50,6 +53,7 @@ void CCairoPainter::PaintSurface(cairo_surface_t* pixels, point<int> const& orig
     else
         cairo_paint_with_alpha(cr, alpha / 255.0);
     cairo_restore(cr);
+    cairo_surface_destroy(part);
 }
 
 void CCairoPainter::DrawRasterPicture(IRasterPicture* picture, double left, double top, double right,

@@ -30,6 +30,10 @@ public:
     // Down, up, double click, up.
     void InjectDoubleClick(int x, int y, MouseButton button = ButtonLeft, int modifiers = 0);
     void InjectWheel(int x, int y, int delta, int modifiers = 0);
+    // `notches` to the right.
+    void InjectHorizontalWheel(int x, int y, int notches, int modifiers = 0) {
+        SendHorizontalWheel(x, y, notches, modifiers);
+    }
     // The records as the receivers left them, with their result words.
     CKeyboardEvent InjectKeyDown(int virtualKey, int modifiers = 0);
     CKeyboardEvent InjectKeyUp(int virtualKey, int modifiers = 0);

@@ -27,6 +27,7 @@ public:
     void Close();
     bool IsOpen() const { return m_window != nullptr; }
     std::uint32_t GetId() const { return m_id; }
+    SDL_Window* GetSdlWindow() const { return m_window; }
     point<int> GetOrigin() const { return m_origin; }
     IWindowPainter* GetPainter() { return m_painter.get(); }
     void Present();

@@ -2,17 +2,38 @@
 #include <mirel7/sdl/sdl_window.h>
 
 #include <SDL.h>
+#include <X11/Xlib.h>
 
 #include <algorithm>
 #include <cmath>
+#include <cstring>
 
 namespace mirel7::sdl {
+
+namespace {
+
+XErrorHandler g_nextErrorHandler = nullptr;
+
+// Popups come and go while requests naming them are still on their way, and Xlib's own handler ends the
+// program on any error. A request for a window that is gone has nothing left to do; every other error
+// goes on to the handler that was there before.
+int TolerateVanishedWindows(Display* display, XErrorEvent* error) {
+    if (error->error_code == BadWindow) return 0;
+    return g_nextErrorHandler ? g_nextErrorHandler(display, error) : 0;
+}
+
+} // namespace
 
 CSdlSystem::CSdlSystem() {
     // A click that activates a window is also a click in it, as the framework's controls expect.
     SDL_SetHint(SDL_HINT_MOUSE_FOCUS_CLICKTHROUGH, "1");
     m_ready = SDL_Init(SDL_INIT_VIDEO) == 0;
     if (!m_ready) return;
+    char const* const driver = SDL_GetCurrentVideoDriver();
+    if (driver && std::strcmp(driver, "x11") == 0) {
+        XErrorHandler const previous = XSetErrorHandler(TolerateVanishedWindows);
+        if (previous != TolerateVanishedWindows) g_nextErrorHandler = previous;
+    }
     m_wakeEvent = SDL_RegisterEvents(1);
     SDL_StartTextInput();
 }
@@ -85,11 +106,8 @@ void CSdlSystem::Dispatch(SDL_Event const& event) {
         return; // wake-ups and what no window takes
     }
     if (CSdlWindow* const window = FindWindow(windowId)) return window->Dispatch(event);
-    for (CSysWindowBase* window : GetWindows()) {
-        auto* const sdlWindow = static_cast<CSdlWindow*>(window);
-        if (sdlWindow->GetMenuWindow().IsOpen() && sdlWindow->GetMenuWindow().GetId() == windowId)
-            return sdlWindow->DispatchMenu(event);
-    }
+    for (CSysWindowBase* window : GetWindows())
+        if (static_cast<CSdlWindow*>(window)->DispatchPopup(event, windowId)) return;
 }
 
 bool CSdlSystem::RunOnce(int timeoutMs) {

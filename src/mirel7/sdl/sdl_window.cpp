@@ -217,10 +217,19 @@ void CSdlWindow::OpenTooltip(std::string const& text, font const& textFont,
 
 void CSdlWindow::CloseTooltip() {
     m_tooltipWindow.Close();
+    TakeFocusBack();
 }
 
 void CSdlWindow::OpenMenuWindow(size<int> menuSize, screen_rectangle<int> const& anchor) {
     m_menuWindow.Open(menuSize, anchor);
+}
+
+bool CSdlWindow::IsOwnPopup(SDL_Window* window) const {
+    return window && (window == m_menuWindow.GetSdlWindow() || window == m_tooltipWindow.GetSdlWindow());
+}
+
+void CSdlWindow::TakeFocusBack() {
+    if (m_window && HasFocus() && SDL_GetKeyboardFocus() != m_window) SDL_SetWindowInputFocus(m_window);
 }
 
 void CSdlWindow::RedrawMenuWindow() {
@@ -232,28 +241,40 @@ void CSdlWindow::RedrawMenuWindow() {
 
 void CSdlWindow::CloseMenuWindow() {
     m_menuWindow.Close();
+    TakeFocusBack();
 }
 
-void CSdlWindow::DispatchMenu(SDL_Event const& event) {
+bool CSdlWindow::DispatchPopup(SDL_Event const& event, std::uint32_t windowId) {
+    bool const menu = m_menuWindow.IsOpen() && windowId == m_menuWindow.GetId();
+    if (!menu && !(m_tooltipWindow.IsOpen() && windowId == m_tooltipWindow.GetId())) return false;
     switch (event.type) {
     case SDL_MOUSEMOTION:
-        SendMenuPointer(false, {event.motion.x, event.motion.y});
+        if (menu) SendMenuPointer(false, {event.motion.x, event.motion.y});
         break;
     case SDL_MOUSEBUTTONUP:
-        SendMenuPointer(true, {event.button.x, event.button.y});
+        if (menu) SendMenuPointer(true, {event.button.x, event.button.y});
         break;
     case SDL_WINDOWEVENT:
-        if (event.window.event == SDL_WINDOWEVENT_EXPOSED) RedrawMenuWindow();
+        if (event.window.event == SDL_WINDOWEVENT_EXPOSED) {
+            if (menu)
+                RedrawMenuWindow();
+            else
+                m_tooltipWindow.Present();
+        }
+        // The lent focus went on elsewhere: the window has lost it.
+        if (event.window.event == SDL_WINDOWEVENT_FOCUS_LOST && SDL_GetKeyboardFocus() != m_window &&
+            !IsOwnPopup(SDL_GetKeyboardFocus()))
+            SendFocus(false);
         break;
     case SDL_KEYDOWN:
     case SDL_KEYUP:
-        // The desktop may give the menu's window the keyboard; its keys are the window's, which hands them
-        // on.
+    case SDL_TEXTINPUT:
         Dispatch(event);
         break;
     default:
         break;
     }
+    return true;
 }
 
 void CSdlWindow::Wake() {
@@ -284,7 +305,8 @@ void CSdlWindow::DispatchWindowEvent(SDL_Event const& event) {
         SendFocus(true);
         break;
     case SDL_WINDOWEVENT_FOCUS_LOST:
-        SendFocus(false);
+        // Lent to a popup of this window, the keyboard is still this window's.
+        if (!IsOwnPopup(SDL_GetKeyboardFocus())) SendFocus(false);
         break;
     case SDL_WINDOWEVENT_LEAVE:
         SendLeave();
@@ -327,10 +349,8 @@ void CSdlWindow::Dispatch(SDL_Event const& event) {
         int const sign = event.wheel.direction == SDL_MOUSEWHEEL_FLIPPED ? -1 : 1;
         if (event.wheel.y != 0)
             SendWheel(event.wheel.mouseX, event.wheel.mouseY, sign * event.wheel.y, Modifiers());
-        // A horizontal notch travels as a vertical one with Shift held, the desktop's own convention for
-        // scrolling sideways: a notch to the right scrolls toward the end, like one toward the user.
         if (event.wheel.x != 0)
-            SendWheel(event.wheel.mouseX, event.wheel.mouseY, -sign * event.wheel.x, Modifiers() | FlagShift);
+            SendHorizontalWheel(event.wheel.mouseX, event.wheel.mouseY, sign * event.wheel.x, Modifiers());
         break;
     }
     case SDL_KEYDOWN:

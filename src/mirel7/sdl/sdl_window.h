@@ -35,8 +35,8 @@ public:
     // The tooltip's window while it shows.
     CSdlPopupWindow const& GetTooltipWindow() const { return m_tooltipWindow; }
     CSdlPopupWindow const& GetMenuWindow() const { return m_menuWindow; }
-    // Pointer events of the open menu's window.
-    void DispatchMenu(SDL_Event const& event);
+    // Events of the open menu's or tooltip's window; false when `windowId` is neither.
+    bool DispatchPopup(SDL_Event const& event, std::uint32_t windowId);
 
     // Turns one SDL event addressed to this window into event records.
     void Dispatch(SDL_Event const& event);
@@ -57,6 +57,11 @@ protected:
 
 private:
     void DispatchWindowEvent(SDL_Event const& event);
+    // Without a window manager the desktop gives the keyboard to every window it shows, popups included.
+    // The window counts a focus its popups took as its own: their keys come here, a menu stays open, and
+    // the window takes the focus back when they close.
+    bool IsOwnPopup(SDL_Window* window) const;
+    void TakeFocusBack();
 
     CSdlSystem& m_sdlSystem;
     SDL_Window* m_window = nullptr;

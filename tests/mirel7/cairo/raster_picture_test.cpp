@@ -52,6 +52,11 @@ TEST_F(Pictures, ScaleToTheDestinationAndDrawParts) {
     Clear(*painter, White);
     painter->DrawRasterPictureEx(sample.get(), 20, 10, 22, 12, {2, 0, 4, 2});
     EXPECT_TRUE(ImagesMatch(Shot(), Blank().Fill({20, 10, 21, 11}, Blue).Fill({21, 11, 21, 11}, Green)));
+
+    Clear(*painter, White);
+    painter->DrawRasterPictureEx(sample.get(), 0, 0, 20, 20, {0, 0, 2, 2});
+    EXPECT_TRUE(ImagesMatch(Shot(), Blank().Fill({0, 0, 19, 19}, Red), 2, 0, "scaled_part"))
+        << "a part scaled up takes no colour from beside it";
 }
 
 TEST_F(Pictures, FlippedMappingPlacesButNeverMirrors) {

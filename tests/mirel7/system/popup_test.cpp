@@ -54,8 +54,15 @@ protected:
             e->text = text;
             e->rect = {0, 0, 49, 49};
         }
-        void OnTooltipTrack(CTooltipEvent*) override {}
+        void OnTooltipTrack(CTooltipEvent* e) override {
+            tracked.push_back({e->x, e->y});
+            e->text = trackText;
+            e->rect = trackRect;
+        }
         std::string text = "tip";
+        std::string trackText;
+        rectangle<int> trackRect;
+        std::vector<point<int>> tracked;
     };
     void SetUp() override {
         window.SetScreenOrigin({100, 200});
@@ -112,6 +119,24 @@ TEST_F(Tooltip, GoesOnButtonKeyWheelLeaveScrollAndRequest) {
         system.Advance(1000);
         EXPECT_FALSE(window.IsTooltipShown()) << name << ": not again before the pointer rests again";
     }
+}
+
+TEST_F(Tooltip, MovesUnderTheTipAreTrackedAndTheAnswerMayChangeItsTextAndRectangle) {
+    Rest(10, 10);
+    window.InjectMouseMove(20, 20);
+    EXPECT_EQ(Shown(), 1u) << "an empty answer keeps the tip";
+    answer.trackText = "moved";
+    window.InjectMouseMove(30, 30);
+    window.InjectMouseMove(31, 30);
+    ASSERT_EQ(Shown(), 2u) << "shown again once, for the new text";
+    EXPECT_EQ(window.GetTooltips()[1].text, "moved");
+    EXPECT_EQ(window.GetTooltips()[1].anchor.left, 130) << "at the pointer";
+    answer.trackRect = {0, 0, 20, 20};
+    window.InjectMouseMove(32, 30);
+    EXPECT_FALSE(window.IsTooltipShown()) << "the new rectangle no longer holds the pointer";
+    window.InjectMouseMove(33, 30);
+    EXPECT_EQ(answer.tracked, (std::vector<point<int>>{{20, 20}, {30, 30}, {31, 30}, {32, 30}}))
+        << "only moves while the tip shows";
 }
 
 class PopupMenu : public Tooltip {

@@ -64,6 +64,12 @@ TEST(DefaultPalette, HasEveryRoleButNone) {
               palette->GetColor(ISysPalette::ColorHighlightText));
     EXPECT_NE(palette->GetColor(ISysPalette::ColorElementBackground),
               palette->GetColor(ISysPalette::ColorElementForeground));
+    auto const brightness = [&](ISysPalette::SysColor i) {
+        _color const c = palette->GetColor(i);
+        return c.r + c.g + c.b;
+    };
+    EXPECT_GT(brightness(ISysPalette::ColorLight), brightness(ISysPalette::ColorElementBackground))
+        << "a raised edge shows against the face";
 }
 
 TEST(DPIAutoScale, IsOnByDefaultAndSettable) {
