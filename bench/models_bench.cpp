@@ -4,9 +4,11 @@
 // item size in the same model.
 #include <mirelfrw7/items/default_discrete_item_view_model.h>
 #include <mirelfrw7/items/item_utils.h>
+#include <mirelfrw7/scroll/discrete_item_scroll_model.h>
 
 #include <benchmark/benchmark.h>
 
+#include <climits>
 #include <map>
 #include <memory>
 #include <random>
@@ -138,5 +140,23 @@ void GetItemType(benchmark::State& state) {
 BENCHMARK(GetItemType)->Apply(Counts);
 
 } // namespace
+
+// The step at a position counted from the top of the list: found in time proportional to the stored sizes
+// (one row in a hundred), against the walk over every row that any model can do, in the same run.
+template <bool Walk>
+void FindStep(benchmark::State& state) {
+    auto& rows = Model(int(state.range(0)));
+    CDiscreteItemScrollModel const model(&rows);
+    auto const positions = Positions(int(state.range(0)));
+    std::size_t i = 0;
+    for (auto _ : state) {
+        double left = positions[i++ % positions.size()];
+        benchmark::DoNotOptimize(Walk ? model.IScrollModel::PassSteps(0, INT_MAX, &left)
+                                      : model.PassSteps(0, INT_MAX, &left));
+    }
+    state.SetComplexityN(state.range(0));
+}
+BENCHMARK(FindStep<false>)->Apply(Counts);
+BENCHMARK(FindStep<true>)->Arg(1000)->Arg(100000)->Arg(10000000)->Complexity();
 
 BENCHMARK_MAIN();

@@ -5,6 +5,7 @@
 
 #include <mirelfrw7/core/base_control.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <deque>
 #include <map>
@@ -55,11 +56,10 @@ std::string Text(rectangle<int> const& r) {
 
 class CStorm : public tarnkit2::subscriber_base_t {
 public:
-    CStorm(StormFactory const& factory, unsigned seed, long checkEvery)
+    CStorm(StormFactory const& factory, unsigned seed)
         : m_factory(factory), m_random(seed),
-          m_checkEvery(std::getenv("MIREL_STORM_CHECK_EVERY")
-                           ? std::atol(std::getenv("MIREL_STORM_CHECK_EVERY"))
-                           : checkEvery),
+          m_checkEvery(
+              std::getenv("MIREL_STORM_CHECK_EVERY") ? std::atol(std::getenv("MIREL_STORM_CHECK_EVERY")) : 1),
           m_f(std::make_unique<CControlFixture>(mirel7::size<int>{64, 48}, false)) {
         m_f->control->SetCopyToClipboard(true);
         NewContent();
@@ -360,12 +360,15 @@ private:
 
 } // namespace
 
-testing::AssertionResult SurvivesStorm(StormFactory const& factory, unsigned seed, long actions,
-                                       long checkEvery) {
-    CStorm storm(factory, seed, checkEvery);
-    testing::AssertionResult const result = storm.Run(actions);
-    if (!result) return testing::AssertionFailure() << "storm seed " << seed << ": " << result.message();
-    return result;
+testing::AssertionResult SurvivesStorm(StormFactory const& factory, unsigned seed, long actions) {
+    char const* const seeds = std::getenv("MIREL_STORM_SEEDS");
+    unsigned const end = seed + unsigned(seeds ? std::max(std::atoi(seeds), 1) : 1);
+    for (; seed != end; ++seed) {
+        CStorm storm(factory, seed);
+        testing::AssertionResult const result = storm.Run(actions);
+        if (!result) return testing::AssertionFailure() << "storm seed " << seed << ": " << result.message();
+    }
+    return testing::AssertionSuccess();
 }
 
 long StormActions(long plain, long sanitized) {

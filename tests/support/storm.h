@@ -22,14 +22,11 @@ using StormFactory =
 // dragged, focused, hovered, clicked and queued elements, and slots that delete during a click.
 //
 // After every action the control must point at and queue only live elements of its own tree, and a paint
-// must settle. At checkpoints (every `checkEvery` actions, or MIREL_STORM_CHECK_EVERY) the incremental
+// must settle. At checkpoints (after every action, or every MIREL_STORM_CHECK_EVERY) the incremental
 // repaint must equal a full repaint pixel for pixel and, at every 16th, the layout a full layout of the same
-// tree. The failure names the seed, the action and the last actions.
-//
-// A checkpoint after every action finds a stale pixel at the action that left it; an element that draws
-// beyond its bounds, which no partial repaint can know of, needs the sparser default.
-testing::AssertionResult SurvivesStorm(StormFactory const& factory, unsigned seed, long actions,
-                                       long checkEvery = 250);
+// tree: a checkpoint after every action finds a stale pixel at the action that left it. MIREL_STORM_SEEDS
+// runs that many storms, from `seed` on. The failure names the seed, the action and the last actions.
+testing::AssertionResult SurvivesStorm(StormFactory const& factory, unsigned seed, long actions);
 
 // The number of actions of one storm: MIREL_STORM_ACTIONS when set, else `sanitized` in a sanitizer
 // build (where the storm finds use after free) and `plain` otherwise.

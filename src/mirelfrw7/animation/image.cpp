@@ -1,10 +1,14 @@
 #include <mirelfrw7/animation/image.h>
+#include <mirelfrw7/core/clip_holder.h>
 #include <mirelfrw7/core/control.h>
 
 #include <mirel7/image_list.h>
 #include <mirel7/painter.h>
 #include <mirel7/raster_picture.h>
 #include <mirel7/sys_window.h>
+
+#include <cstdint>
+#include <optional>
 
 namespace mirelfrw7 {
 
@@ -151,9 +155,18 @@ void CImage::UpdateAnimation() {
 void CImage::DrawContent(IPainter* painter) {
     size<int> const s = GetImageSize();
     point<int> const at = GetDrawStartPos(s);
-    if (IsAnimated()) {
-        rectangle<int> const b = GetBounds();
-        painter->FillRect(b.left, b.top, b.right, b.bottom);
+    rectangle<int> const b = GetBounds();
+    bool const animated = IsAnimated();
+    if (animated) painter->FillRect(b.left, b.top, b.right, b.bottom);
+    // A picture larger than the element is cut at its edges: the pixels beyond them belong to whatever lies
+    // there, and a repaint of the element alone would never put them right. The clip cannot narrow below
+    // two pixels, so a thinner element shows no picture at all rather than one spilling out.
+    std::int64_t const right = std::int64_t(at.x) + s.cx - 1, bottom = std::int64_t(at.y) + s.cy - 1;
+    bool const fits = at.x >= b.left && at.y >= b.top && right <= b.right && bottom <= b.bottom;
+    if (!fits && (std::int64_t(b.right) - b.left < 1 || std::int64_t(b.bottom) - b.top < 1)) return;
+    std::optional<CClipHolder> clip;
+    if (!fits) clip.emplace(painter, rectangle<double>(b.left, b.top, b.right, b.bottom));
+    if (animated) {
         m_animation->Draw(painter, at.x, at.y);
     } else if (m_picture) {
         painter->DrawRasterPicture(m_picture.get(), at.x, at.y, at.x + s.cx, at.y + s.cy, IPainter::RopCopy);

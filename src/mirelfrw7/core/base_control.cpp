@@ -302,18 +302,18 @@ void CBaseControlImp::UpdateElement(CVisualElement* element, UpdateType type) {
 }
 
 void CBaseControlImp::ForgetElement(CVisualElement* element) {
-    // A drag whose element leaves ends without a drop: the copy under its item goes at the next paint, and
-    // the window lets the mouse go unless an element holds it.
-    if (element == m_draggedElement) {
-        m_mouseFlags = (m_mouseFlags & ~DropAccepted) | DragBufferDrop;
-        if (mirel7::ISysWindow* const window = GetWindow(); window && (!m_capture || m_capture == element))
-            window->ReleaseMouse();
-    }
+    // A drag whose element leaves ends without a drop: the copy under its item goes at the next paint.
+    if (element == m_draggedElement)
+        m_mouseFlags = (m_mouseFlags & ~(DropAccepted | DragBufferDue)) | DragBufferDrop;
+    bool const heldMouse = element == m_capture || element == m_draggedElement;
     m_updates.RemoveElement(element);
     m_rearranges.RemoveElement(element);
     for (CVisualElement** pointer : {&m_focused, &m_focussing, &m_mouseElement, &m_capture, &m_clickedElement,
                                      &m_draggedElement, &m_tabHandler, &m_dragTarget})
         if (*pointer == element) *pointer = nullptr;
+    // The window holds the mouse for a capturing element and for a drag: it lets go when neither is left.
+    if (heldMouse && !m_capture && !m_draggedElement)
+        if (mirel7::ISysWindow* const window = GetWindow()) window->ReleaseMouse();
 }
 
 std::vector<CVisualElement*> CBaseControlImp::GetHeldElements() const {

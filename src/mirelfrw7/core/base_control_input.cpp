@@ -124,7 +124,8 @@ void CBaseControlImp::ProcessButtonUp(mirel7::CMouseEvent* ev) {
 // and a drag whose source died ends without a drop.
 void CBaseControlImp::EndDrag(CLifeGuard const& dragged, point<int> const* at) {
     bool const accepted = (m_mouseFlags & DropAccepted) != 0;
-    m_mouseFlags = (m_mouseFlags & ~DropAccepted) | DragBufferDrop;
+    // A drag that saw no paint never took its copy of the window, and needs none now.
+    m_mouseFlags = (m_mouseFlags & ~(DropAccepted | DragBufferDue)) | DragBufferDrop;
     CLifeGuard target(m_capture ? m_capture : m_mouseElement);
     if (dragged && at && accepted && target) {
         point<int> p = *at;

@@ -30,6 +30,7 @@ public:
     void SetStepSize(double step, double size) const override;
     // From the view model's extent, which a sparse model answers from its entries.
     double GetStepsSize(int from, int to) const override;
+    int PassSteps(int from, int limit, double* left) const override;
     void SetMeasure(std::pair<double, int> measure) override;
     std::pair<double, int> GetMeasure() const override;
     bool IsInseparableStep() const override;

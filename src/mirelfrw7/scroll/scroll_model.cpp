@@ -1,4 +1,7 @@
+#include <mirelfrw7/items/saturating_int.h>
 #include <mirelfrw7/scroll/scroll_model.h>
+
+#include <algorithm>
 
 namespace mirelfrw7 {
 
@@ -15,6 +18,17 @@ double IScrollModel::GetStepsSize(int from, int to) const {
     for (int i = from; i < to; ++i)
         sum += GetStepSize(i);
     return sum;
+}
+
+int IScrollModel::PassSteps(int from, int limit, double* left) const {
+    double const end = std::max(GetFrom(), GetTo());
+    int i = from;
+    for (; i < limit && SaturatingInt(*left) > 0; ++i) {
+        double const size = GetStepSize(i);
+        if (!(size > 0.0) && i >= end) break;
+        *left -= size;
+    }
+    return i;
 }
 
 bool ISimpleScrollModel::IsFixedStepSize() const {

@@ -30,6 +30,11 @@ public:
     // model that keeps its step sizes sparsely answers from its entries, so that a position far down a long
     // range costs no walk over every step.
     virtual double GetStepsSize(int from, int to) const;
+    // Walks the steps from `from` towards `limit` while what is left of `*left` is at least 1, taking each
+    // step's size off it (a step of size 0 is passed over and takes nothing), and answers where the walk
+    // stopped. Steps of size 0 from the range's end on stop it, or it would never end. Walks by default; a
+    // model that keeps its step sizes sparsely answers from its entries.
+    virtual int PassSteps(int from, int limit, double* left) const;
     // The scale: `second` pixels stand for `first` logical units.
     virtual void SetMeasure(std::pair<double, int> measure) = 0;
     virtual std::pair<double, int> GetMeasure() const = 0;

@@ -149,15 +149,8 @@ double CScrollableElement::DelStepsInfo(double value, IScrollModel* model) const
     if (base > value) return value;
     double rest = value - base;
     if (SaturatingInt(rest) < 1) return base + rest;
-    double position = base;
-    for (double step = base; SaturatingInt(rest) > 0; step += 1.0) {
-        double const size = model->GetStepSize(step);
-        // A step that takes no room would never use the rest up.
-        if (!(size > 0.0)) break;
-        position += 1.0;
-        rest -= size;
-    }
-    return position + rest;
+    int const stop = model->PassSteps(int(base), INT_MAX, &rest);
+    return stop + rest;
 }
 
 } // namespace mirelfrw7

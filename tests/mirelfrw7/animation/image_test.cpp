@@ -117,6 +117,27 @@ TEST_F(Image, TimerFrameRepaintsOnlyTheImage) {
     EXPECT_TRUE(drawn[1].starts_with(expected[1])) << drawn[1];
 }
 
+// A frame larger than the image is cut at the image's edges: a repaint of the image alone must be able to
+// put right everything it drew.
+TEST_F(Image, FrameLargerThanTheImageStaysInside) {
+    struct CClipSpy : CTestAnimation {
+        using CTestAnimation::CTestAnimation;
+        void Draw(mirel7::IPainter* painter, int x, int y) override {
+            clips.push_back(painter->GetClipRect());
+            CTestAnimation::Draw(painter, x, y);
+        }
+        std::vector<mirel7::rectangle<double>> clips;
+    };
+    mirel_ptr<CClipSpy> const spy = new CClipSpy({10}, "s", nullptr, {8, 8});
+    image->SetPos({10, 20, 11, 21}, true);
+    image->SetAnimation(spy);
+    image->StartAnimation();
+    Drawn();
+    ASSERT_FALSE(spy->clips.empty());
+    for (mirel7::rectangle<double> const& clip : spy->clips)
+        EXPECT_EQ(clip, (mirel7::rectangle<double>{10, 20, 12, 22}));
+}
+
 // Started before it has a control, the animation runs once it reaches one; out of sight it holds still.
 TEST_F(Image, PendingStartAndHiddenImage) {
     auto* const loose = new CImage(nullptr, {}, mirelfrw7::AlignNone);

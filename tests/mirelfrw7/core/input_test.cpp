@@ -341,7 +341,9 @@ TEST_F(Drag, AnAcceptedDropEndsWithDropDoneThenDragFinished) {
     EXPECT_EQ(f.window->GetCursor(), 12) << "the drop shows the target's cursor";
     EXPECT_FALSE(Dragging());
     EXPECT_FALSE(f.window->HasCapture());
-    EXPECT_NE(f.Imp()->GetMouseFlags() & CBaseControlImp::DragBufferDrop, 0);
+    EXPECT_EQ(f.Imp()->GetMouseFlags() & (CBaseControlImp::DragBufferDrop | CBaseControlImp::DragBufferDue),
+              CBaseControlImp::DragBufferDrop)
+        << "no paint came during the drag: no copy of the window is due";
 }
 
 // Deletes the element whose signal it is on.
@@ -371,6 +373,21 @@ TEST_F(Drag, TheDraggedElementMayDieWhileTheButtonComesUpOrBetweenEvents) {
         EXPECT_FALSE(f.window->HasCapture());
         EXPECT_EQ(journal, Journal{}) << "a drag without its source drops nothing";
         EXPECT_NE(f.Imp()->GetMouseFlags() & CBaseControlImp::DragBufferDrop, 0);
+    }
+}
+
+// The window lets the mouse go when the element holding it dies, unless a drag still holds it.
+TEST_F(Drag, ACapturingElementThatDiesLetsTheMouseGoUnlessADragHoldsIt) {
+    for (bool dragging : {false, true}) {
+        b.startDrag = dragging;
+        f.window->InjectMouseMove(40, 30);
+        auto* const holder = new CProbe(&a, journal, "H");
+        holder->CaptureMouse();
+        delete holder;
+        EXPECT_EQ(f.window->HasCapture(), dragging);
+        EXPECT_EQ(Dragging(), dragging);
+        f.window->InjectButtonUp(40, 30);
+        f.window->InjectButtonDown(30, 30);
     }
 }
 

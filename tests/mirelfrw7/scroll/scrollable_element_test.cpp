@@ -228,15 +228,17 @@ TEST(ScrollableElement, StepsInfoTurnsStepNumbersIntoPositionsAndBack) {
     EXPECT_EQ(element.DelStepsInfo(9.0, &model), 4.0) << "counted from the start: 2 + steps of 3 and 4";
     EXPECT_EQ(element.DelStepsInfo(1.0, &model), 1.0);
 
+    model.stepSize = [](double step) { return step == 3 ? 0.0 : 1.0; };
+    EXPECT_EQ(element.DelStepsInfo(5.0, &model), 6.0) << "a step that takes no room is passed over";
     model.stepSize = [](double) { return 0.0; };
-    EXPECT_EQ(element.DelStepsInfo(9.0, &model), 9.0) << "steps that take no room end the walk";
+    EXPECT_EQ(element.DelStepsInfo(9.0, &model), 17.0) << "...up to the range's end, where the walk stops";
     model.fixed = true;
     EXPECT_EQ(element.AddStepsInfo(3.5, &model), 3.5);
     EXPECT_EQ(element.DelStepsInfo(3.5, nullptr), 3.5);
 }
 
-// A position near 2^31 in a list that keeps its row sizes sparsely: the whole steps are summed from the
-// entries, not walked one by one.
+// A position near 2^31 in a list that keeps its row sizes sparsely: the whole steps are summed and found
+// from the entries, not walked one by one.
 TEST(ScrollableElement, StepsInfoNearTheEndOfIntSumsFromTheEntries) {
     CScrollableElement element(nullptr, {10, 10}, AlignClient);
     CDefaultDiscreteItemViewModel rows;
@@ -247,6 +249,7 @@ TEST(ScrollableElement, StepsInfoNearTheEndOfIntSumsFromTheEntries) {
     EXPECT_EQ(element.AddStepsInfo(2147483645.5, &model), 2147483646.5);
     EXPECT_EQ(element.AddStepsInfo(10.5, &model), 10.5);
     EXPECT_EQ(element.AddStepsInfo(11.5, &model), 12.5);
+    EXPECT_EQ(element.DelStepsInfo(2147483001.5, &model), 2147483000.5) << "a walk would take minutes";
 }
 
 } // namespace
