@@ -1,0 +1,4 @@
+# Test programs of the framework's chart subsystem, with mirel_test()
+mirel_test(chart_test
+  SOURCES mirelfrw7/chart/axis_test.cpp
+  LABELS unit)
