@@ -117,16 +117,6 @@ TEST(Axis, ALabelPastTheEndSlidesBackRightAligned) {
     EXPECT_NE(r.f.Recorder()->Text().find("\"1000\""), std::string::npos);
 }
 
-TEST(Axis, VerticalLabelsAreMeasuredTurned) {
-    // Turned, a label of 3 characters is 24 pixels along a vertical axis but only 16 high when measured
-    // flat: the step must leave room for the turned one.
-    Ruler r(400, AlignLeft, 0, 400, 0, 1);
-    std::vector<SLabel> const labels = r.Draw();
-    ASSERT_GE(labels.size(), 2u);
-    for (std::size_t i = 1; i < labels.size(); ++i)
-        EXPECT_LT(labels[i - 1].bottom + 10, labels[i].top) << labels[i].text;
-}
-
 struct SText {
     double value, step;
     char const* text;
