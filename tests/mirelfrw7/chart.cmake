@@ -1,4 +1,4 @@
 # Test programs of the framework's chart subsystem, with mirel_test()
 mirel_test(chart_test
-  SOURCES mirelfrw7/chart/axis_test.cpp
+  SOURCES mirelfrw7/chart/axis_test.cpp mirelfrw7/chart/categorical_axis_test.cpp
   LABELS unit)

@@ -1,6 +1,7 @@
 #include <mirelfrw7/chart/axis.h>
 #include <mirelfrw7/chart/unit_converter.h>
 
+#include "mirelfrw7/chart/ruler_fixture.h"
 #include "mirelfrw7/scroll/test_scroll_model.h"
 #include "support/control_fixture.h"
 #include "support/repaint_property.h"
@@ -21,55 +22,9 @@ namespace {
 using namespace mirelfrw7;
 using mirel_test::CTestScrollModel;
 
-// A label as the recording painter wrote it: its text and the box it went to, in pixels.
-struct SLabel {
-    std::string text;
-    double left, top, right, bottom;
-};
-
-std::vector<SLabel> Labels(mirel7::CRecordingPainter const& painter) {
-    std::vector<SLabel> out;
-    for (std::string const& line : painter.Lines({"DrawString"})) {
-        std::size_t const open = line.find('"'), close = line.find('"', open + 1), at = line.find("at=");
-        SLabel l{line.substr(open + 1, close - open - 1), 0, 0, 0, 0};
-        std::sscanf(line.c_str() + at, "at=%lf,%lf,%lf,%lf", &l.left, &l.top, &l.right, &l.bottom);
-        out.push_back(l);
-    }
-    return out;
-}
-
-std::vector<std::string> Texts(std::vector<SLabel> const& labels) {
-    std::vector<std::string> out;
-    for (SLabel const& l : labels)
-        out.push_back(l.text);
-    return out;
-}
-
-// An axis on one edge of a control around a central pane, following one model.
-struct Ruler {
-    Ruler(int length, Alignment edge, double from, double to, double start, double unitsPerPixel)
-        : f({edge == AlignLeft || edge == AlignRight ? 40 : length,
-             edge == AlignLeft || edge == AlignRight ? length : 40}),
-          model(from, to, start) {
-        model.measure = {unitsPerPixel, 1};
-        axis.SetAlignment(edge);
-        axis.SetCentralPane(&central);
-        axis.SetHorzScroll(&model);
-        axis.SetVertScroll(&model);
-        axis.SetSize({20, 20}, false);
-    }
-    std::vector<SLabel> Draw() {
-        f.control->Rearrange();
-        f.Recorder()->Clear();
-        f.Root()->Update(UpdateLocal);
-        f.Paint();
-        return Labels(*f.Recorder());
-    }
-    mirel_test::CControlFixture f;
-    CTestScrollModel model;
-    CAxis axis{f.Root(), {20, 20}, AlignBottom};
-    mirel_test::CFilledElement central{f.Root(), {0, 0}, AlignClient};
-};
+using Ruler = mirel_test::TRuler<CAxis>;
+using mirel_test::SLabel;
+using mirel_test::Texts;
 
 struct SWorked {
     Alignment edge;
