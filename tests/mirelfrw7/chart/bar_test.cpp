@@ -123,8 +123,8 @@ TEST_F(Bar, APressThatMovesFarBecomesADrag) {
 TEST_F(Bar, TheOuterEdgeResizesTheBarWithinItsLimits) {
     r.axis.SetBarSizeLimits(10, 30);
     r.f.window->InjectButtonDown(100, 38);
-    r.f.window->InjectMouseMove(100, 48, mirel7::FlagLeftButton);
-    r.f.window->InjectButtonUp(100, 48);
+    r.f.window->InjectMouseMove(100, 58, mirel7::FlagLeftButton);
+    r.f.window->InjectButtonUp(100, 58);
     EXPECT_EQ(journal, (std::vector<std::string>{"start bar resize"}));
     r.f.control->Rearrange();
     EXPECT_EQ(r.axis.GetBounds().Height(), 30);
