@@ -178,6 +178,20 @@ TEST_F(ScrollBox, RepaintAtOnceIsASettingThatPaintsBeforeTheScrollReturns) {
         EXPECT_EQ(pane->paints > before, atOnce);
         fixture.Paint();
     }
+    // Inside a paint it can only ask for the next one.
+    struct CSlot : tarnkit2::subscriber_base_t {
+        void Paint(CVisualElement*, IPainter*) {
+            if (box->GetVertScroll()->GetStart() == 10) box->GetWrappedVertScroll()->SetStart(30);
+        }
+        CScrollBox* box;
+    } slot;
+    slot.box = box;
+    pane->sigPaint.connect(&slot, &CSlot::Paint);
+    pane->Update(UpdateLocal);
+    int const before = pane->paints;
+    fixture.Paint();
+    EXPECT_EQ(pane->paints, before + 1);
+    EXPECT_TRUE(fixture.Paint());
 }
 
 TEST(ScrollBoxRepaint, IncrementalPaintsEqualAFullPaintOverScrollsAndResizes) {
