@@ -11,6 +11,21 @@ namespace mirelfrw7 {
 
 using mirel7::CScrollEvent;
 
+namespace {
+// Sets a re-entrancy flag for its life. A slot may end the event with an exception: the flag must not
+// outlive it.
+class CFlagScope {
+public:
+    explicit CFlagScope(bool& flag) : m_flag(flag) { m_flag = true; }
+    ~CFlagScope() { m_flag = false; }
+    CFlagScope(CFlagScope const&) = delete;
+    CFlagScope& operator=(CFlagScope const&) = delete;
+
+private:
+    bool& m_flag;
+};
+} // namespace
+
 void CScrollBox::CScrollContainer::DrawContent(IPainter*) {}
 
 void CScrollBox::CScrollContainer::SetPos(rectangle<int> const& newRect, bool) {
@@ -152,12 +167,7 @@ void CScrollBox::RefreshScroll() {
         m_refreshAgain = true;
         return;
     }
-    // A slot may end the event with an exception: the guard must not outlive it.
-    struct SGuard {
-        bool& flag;
-        ~SGuard() { flag = false; }
-    } const guard{m_inRefresh};
-    m_inRefresh = true;
+    CFlagScope const refreshing(m_inRefresh);
     // A refresh asked for from inside one runs after it, a bounded number of times: a model that corrects
     // itself differently on every call cannot hang the box.
     for (int round = 0; round < 3; ++round) {
@@ -227,11 +237,7 @@ void CScrollBox::SetBarMode(CScrollElement::BarMode vert, CScrollElement::BarMod
 
 int CScrollBox::ScrollImp(IScrollModel* model, double value) {
     if (!model || m_inScroll) return 0;
-    m_inScroll = true;
-    struct SGuard {
-        bool& flag;
-        ~SGuard() { flag = false; }
-    } const guard{m_inScroll};
+    CFlagScope const scrolling(m_inScroll);
     double const oldStart = model->GetStart();
     model->SetStart(value);
     double const newStart = model->GetStart();

@@ -92,12 +92,8 @@ public:
     // `own`: `element` becomes the central pane and lends its models to the box; otherwise it follows the
     // pane. Either way it ends up with the wrapped models of the axes in `type`.
     void ConnectElement(CScrollableElement* element, int type, bool own);
-    IScrollModel* GetWrappedVertScroll() const {
-        return const_cast<CVertInternalScrollModel*>(&m_vertWrapper);
-    }
-    IScrollModel* GetWrappedHorzScroll() const {
-        return const_cast<CHorzInternalScrollModel*>(&m_horzWrapper);
-    }
+    IScrollModel* GetWrappedVertScroll() const { return &m_vertWrapper; }
+    IScrollModel* GetWrappedHorzScroll() const { return &m_horzWrapper; }
     // Brings both bars and their strips in line with the models and the central pane's size.
     void RefreshScroll();
     void VertScroll(mirel7::CScrollEvent::ScrollAction action, double value);
@@ -134,8 +130,9 @@ protected:
     CContainer m_horzBarHost;
     mirel_ptr<mirel7::IScrollBar> m_vertBar;
     mirel_ptr<mirel7::IScrollBar> m_horzBar;
-    CVertInternalScrollModel m_vertWrapper{this};
-    CHorzInternalScrollModel m_horzWrapper{this};
+    // Views handed out from const accessors: they hold nothing of their own.
+    mutable CVertInternalScrollModel m_vertWrapper{this};
+    mutable CHorzInternalScrollModel m_horzWrapper{this};
     bool m_scrollPixels = true;
     bool m_cornerAlways = false;
     bool m_inScroll = false;
