@@ -55,12 +55,13 @@ bool CScrollElement::Overflows(IScrollModel* model, int page) {
 
 void CScrollElement::Recalculate(IScrollModel* model, int page) {
     if (!m_bar) return;
+    // A model taken away may die: the bar's gestures must not reach it any more.
+    m_converter = CScrollConverter(model);
     if (!model || m_barMode == BarNever) {
         m_barVisible = m_barMode == BarAlways;
         m_bar->SetEnabled(false);
         return;
     }
-    m_converter = CScrollConverter(model);
     SScrollBarInfo info = Measure(*model, m_converter, page);
     if (info.maximum < info.position + info.page && info.page < info.maximum) {
         info.position = std::max(0.0, info.maximum - info.page);
