@@ -96,7 +96,11 @@ TEST_F(ScrollBox, BarsShowOnlyForContentThatOverflows) {
 TEST_F(ScrollBox, TheBarsAndTheModelsMoveEachOther) {
     int const page = pane->GetBounds().Height();
     EXPECT_EQ(Bar(true)->GetInfo(), (mirel7::SScrollBarInfo{0, 0, 400, 1, double(page), 0, false}));
-    box->GetWrappedVertScroll()->SetStart(40);
+    // A follower, as an axis would be, moves the model through the box as well.
+    CScrollableElement follower(nullptr, {1, 1}, AlignNone);
+    box->ConnectElement(&follower, CScrollBox::ConnectVert, false);
+    EXPECT_EQ(follower.GetCentralPane(), pane);
+    follower.GetVertScroll()->SetStart(40);
     EXPECT_EQ(pane->vert.start, 40);
     EXPECT_EQ(Bar(true)->GetPos(), 40);
     // The user's gestures on the bars come back to the models.
