@@ -1,7 +1,7 @@
 #pragma once
 
 #include <mirelfrw7/export.h>
-#include <mirelfrw7/header/move_translator.h>
+#include <mirelfrw7/items/index_translator.h>
 #include <mirelfrw7/header/sorting.h>
 #include <mirelfrw7/items/items_model.h>
 

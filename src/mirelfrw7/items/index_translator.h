@@ -25,8 +25,12 @@ public:
 // The item at `from` went to `to`, and those between closed up behind it.
 class MIRELFRW7_API CMoveTranslator : public IIndexTranslator {
 public:
-    CMoveTranslator(int from, int to) : m_from(from), m_to(to) {}
+    CMoveTranslator(int from = -1, int to = -1) : m_from(from), m_to(to) {}
+    // No move recorded yet: nothing to translate.
+    bool TranslationIsPresented() const override { return m_from >= 0; }
     int TranslateIndex(int index, bool* removed) const override;
+    int GetFrom() const { return m_from; }
+    int GetTo() const { return m_to; }
     bool TranslateRun(int from, int to, std::vector<std::pair<int, int>>& images) const override;
 
 private:
