@@ -93,6 +93,6 @@ void CGridViewer<R, C>::SetHorzScroll(IScrollModel* model) {
     CViewerBase::SetHorzScroll(model ? model : &m_columnScroll);
 }
 
-template class MIRELFRW7_API CGridViewer<IDiscreteItemViewModel, IDiscreteItemViewModel>;
+template class CGridViewer<IDiscreteItemViewModel, IDiscreteItemViewModel>;
 
 } // namespace mirelfrw7

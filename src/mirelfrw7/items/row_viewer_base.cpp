@@ -116,7 +116,7 @@ void CRowViewerBase<M>::ProcessEndDraw() {
     if (m_rowSelection) m_rowSelection->OnEndDraw();
 }
 
-template class MIRELFRW7_API CRowViewerBase<IDiscreteItemViewModel>;
-template class MIRELFRW7_API CRowViewerBase<IContinuousItemViewModel>;
+template class CRowViewerBase<IDiscreteItemViewModel>;
+template class CRowViewerBase<IContinuousItemViewModel>;
 
 } // namespace mirelfrw7
