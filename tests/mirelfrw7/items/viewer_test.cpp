@@ -154,4 +154,27 @@ TEST_F(ViewerTest, EndOfPaintForgetsDirtyRows) {
     EXPECT_EQ(grid->GetRowViewModel()->GetItemType(1), IDirtyItemSet::NoDirtyItems);
 }
 
+TEST_F(ViewerTest, FontSetsRowHeightOnlyWhileAuto) {
+    D* const rows = grid->GetRowViewModel();
+    mirel7::font big = grid->GetFont();
+    big.size = 30;
+    grid->SetAutoRowHeight(true);
+    grid->SetFont(big);
+    int const tall = rows->GetDefaultItemSize();
+    EXPECT_EQ(tall, grid->GetTextLineHeight() + 1);
+    grid->SetAutoRowHeight(false);
+    big.size = 10;
+    grid->SetFont(big);
+    EXPECT_EQ(rows->GetDefaultItemSize(), tall);
+}
+
+TEST_F(ViewerTest, ShownAgainPaintsInFull) {
+    grid->GetRowViewModel()->SetCount(3);
+    grid->GetColumnViewModel()->SetCount(1);
+    f.Paint();
+    grid->ProcessSetParentVisible(true);
+    EXPECT_EQ(grid->GetRowViewModel()->GetItemType(2), IDirtyItemSet::DirtyItem);
+    EXPECT_EQ(grid->GetColumnViewModel()->GetItemType(0), IDirtyItemSet::DirtyItem);
+}
+
 } // namespace
