@@ -68,6 +68,7 @@ public:
     // The scroll model over the view model, told to refresh when the view model changes; not owned.
     void SetScrollModel(IScrollModel* model) { m_scrollModel = model; }
     int GetAnchor() const { return m_anchor; }
+    void SetAnchor(int anchor) { m_anchor = anchor; }
     int GetScrollState() const { return m_scrollState; }
 
     void OnViewModelChange();
