@@ -70,8 +70,9 @@ bool CButton::HandleButtonUp(int, int, int flags, MouseButton button) {
     return CClickHandler::HandleButtonUp(flags, button);
 }
 
+// A disabled button still becomes the mouse element, but keeps its stage.
 void CButton::HandleMouseHover(CVisualElement*) {
-    CClickHandler::HandleMouseHover();
+    if (m_enabled) CClickHandler::HandleMouseHover();
 }
 
 void CButton::HandleMouseLeave(CVisualElement*) {
