@@ -38,6 +38,8 @@ CElementCaption::CElementCaption(CVisualElement* parent, size<int> const& elemen
         e->SetBkColor(ISysPalette::ColorShadow);
         e->SetFgColor(ISysPalette::ColorElementBackground);
     }
+    // Text along the bar's own edge: plain on a bar docked on top, turned on one docked at the side.
+    Layout();
 }
 
 bool CElementCaption::IsActive() const {
