@@ -117,6 +117,8 @@ void CButton::DrawBackground(IPainter* painter) {
     painter->SetElementFlag(0);
     rectangle<int> const b = GetBounds();
     if (m_nativeDrawing) {
+        // The native piece leaves its rounded corners alone: what showed there before must not stay.
+        if (!IsTransparent()) painter->FillRect(b.left, b.top, b.right, b.bottom);
         painter->DrawControlElement(IPainter::ControlPushButton, b.left, b.top, b.right, b.bottom,
                                     GetNativeState());
         return;
