@@ -122,7 +122,9 @@ TEST(RadioGroup, ExactlyOneStaysOnUnderRandomClicksKeysAndDeletions) {
             for (int k = 0; k < group.GetCount(); ++k)
                 on += group.GetButton(k)->IsChecked() ? 1 : 0;
             ASSERT_EQ(on, group.GetCount() > 0 ? 1 : 0) << "seed " << seed;
-            if (on) ASSERT_TRUE(group.GetButton(group.GetCurrent())->IsChecked()) << "seed " << seed;
+            if (on) {
+                ASSERT_TRUE(group.GetButton(group.GetCurrent())->IsChecked()) << "seed " << seed;
+            }
         }
         EXPECT_EQ(group.GetCurrent(), -1);
     }
