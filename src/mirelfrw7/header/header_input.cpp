@@ -41,6 +41,8 @@ bool CHeader::HandleButtonDown(int x, int y, int flags, MouseButton button) {
             return true;
         }
         m_processing.type = 3;
+        // The pressed look shifts the section's content, the hosted element with it.
+        UpdateElementsPos();
         OnChange(this, UpdateLocal);
     } else {
         ExpandItem(hit.item, hit.item->GetExpandState() == HeaderItemCollapsed);
@@ -92,6 +94,8 @@ bool CHeader::HandleButtonUp(int, int, int, MouseButton button) {
         if (m_processing.type == 3) clicked = m_processing.item;
         if (m_processing.type != 2) m_processing.Clear();
     }
+    // Whichever way the press ended, a move without the button included, the hosted elements go back.
+    UpdateElementsPos();
     ReleaseMouse();
     // Last: a slot may change the tree or let go of the header.
     if (clicked) {

@@ -285,6 +285,17 @@ TEST_F(Header, HostedElementsSitInTheirSectionsAndHideOutOfView) {
     EXPECT_TRUE(left->IsVisible());
 }
 
+TEST_F(Header, AHostedElementFollowsThePressOfItsSection) {
+    auto* on = new mirel_test::CFilledElement(&header, {10, 6}, AlignNone);
+    header.SetVisualElement((*this)["C"], on, AlignLeft);
+    rectangle<int> const rest = on->GetPosition();
+    Drag(200, 30, 201, 30);
+    EXPECT_EQ(on->GetPosition(),
+              (rectangle<int>{rest.left + 1, rest.top + 1, rest.right + 1, rest.bottom + 1}));
+    f.window->InjectButtonUp(201, 30);
+    EXPECT_EQ(on->GetPosition(), rest);
+}
+
 TEST_F(Header, ATreeChangeRebuildsTheColumnsAndTheHeight) {
     auto deep = std::make_unique<CTestHeaderItem>();
     deep->parent = (*this)["b2"];
