@@ -74,8 +74,11 @@ bool CHeader::HandleMouseMove(int x, int y, int flags, MouseButton) {
     if (!IsEnabled()) return false;
     if (m_processing.type != 0) {
         if (!(flags & 1)) {
-            if (m_processing.type == 3) m_processing.type = 0;
+            // The button came up unseen: the press ends without a click, but not without its look.
+            bool const pressed = m_processing.type == 3;
+            if (pressed) m_processing.type = 0;
             HandleButtonUp(x, y, flags, mirel7::ButtonLeft);
+            if (pressed) OnChange(this, UpdateLocal);
             return true;
         }
         if (m_processing.type == 1) ResizeTo(x, y);

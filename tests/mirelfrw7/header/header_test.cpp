@@ -175,6 +175,19 @@ TEST_F(Header, APressClicksUnlessASlotRefusesIt) {
     EXPECT_EQ(journal, (Journal{"pressing C", "pressed C", "pressing C"}));
 }
 
+// The button came up over another element: the next move ends the press, with no click but a repaint.
+TEST_F(Header, APressEndedUnseenRepaintsTheSection) {
+    Drag(200, 30, 201, 30);
+    header.ReleaseMouse();
+    f.window->InjectButtonUp(200, 80);
+    while (f.Paint()) {
+    }
+    f.window->InjectMouseMove(201, 30);
+    EXPECT_EQ(header.GetProcessing().type, 0);
+    EXPECT_TRUE(f.window->IsPaintPending());
+    EXPECT_EQ(journal, (Journal{"pressing C"}));
+}
+
 TEST_F(Header, TheExpandButtonTogglesAGroupAndTheHeightStays) {
     f.window->InjectButtonDown(168, 8);
     f.window->InjectButtonUp(168, 8);
