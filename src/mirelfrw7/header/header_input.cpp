@@ -197,6 +197,8 @@ bool CHeader::HandleStartDragging(int x, int y, DragInfo& info) {
     m_processing.type = 2;
     m_processing.item = hit.item;
     m_processing.index = m_items.IndexOf(hit.item);
+    // A drag ends the press it grew out of.
+    UpdateElementsPos();
     m_dropIndex = -1;
     info.rect = hit.rect;
     info.limits = rectangle<int>(GetDraggingBounds(hit.item));

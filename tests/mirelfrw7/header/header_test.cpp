@@ -307,6 +307,10 @@ TEST_F(Header, AHostedElementFollowsThePressOfItsSection) {
               (rectangle<int>{rest.left + 1, rest.top + 1, rest.right + 1, rest.bottom + 1}));
     f.window->InjectButtonUp(201, 30);
     EXPECT_EQ(on->GetPosition(), rest);
+    Drag(200, 30, 201, 30);
+    f.window->InjectMouseMove(300, 30);
+    EXPECT_EQ(header.GetProcessing().type, 2) << "a drag";
+    EXPECT_EQ(on->GetPosition(), rest);
 }
 
 TEST_F(Header, ATreeChangeRebuildsTheColumnsAndTheHeight) {
