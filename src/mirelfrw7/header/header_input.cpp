@@ -41,6 +41,8 @@ bool CHeader::HandleButtonDown(int x, int y, int flags, MouseButton button) {
             return true;
         }
         m_processing.type = 3;
+        // The pressed look shifts the section's content, the hosted element with it.
+        UpdateElementsPos();
         OnChange(this, UpdateLocal);
     } else {
         ExpandItem(hit.item, hit.item->GetExpandState() == HeaderItemCollapsed);
@@ -72,8 +74,11 @@ bool CHeader::HandleMouseMove(int x, int y, int flags, MouseButton) {
     if (!IsEnabled()) return false;
     if (m_processing.type != 0) {
         if (!(flags & 1)) {
-            if (m_processing.type == 3) m_processing.type = 0;
+            // The button came up unseen: the press ends without a click, but not without its look.
+            bool const pressed = m_processing.type == 3;
+            if (pressed) m_processing.type = 0;
             HandleButtonUp(x, y, flags, mirel7::ButtonLeft);
+            if (pressed) OnChange(this, UpdateLocal);
             return true;
         }
         if (m_processing.type == 1) ResizeTo(x, y);
@@ -92,6 +97,8 @@ bool CHeader::HandleButtonUp(int, int, int, MouseButton button) {
         if (m_processing.type == 3) clicked = m_processing.item;
         if (m_processing.type != 2) m_processing.Clear();
     }
+    // Whichever way the press ended, a move without the button included, the hosted elements go back.
+    UpdateElementsPos();
     ReleaseMouse();
     // Last: a slot may change the tree or let go of the header.
     if (clicked) {
@@ -190,6 +197,8 @@ bool CHeader::HandleStartDragging(int x, int y, DragInfo& info) {
     m_processing.type = 2;
     m_processing.item = hit.item;
     m_processing.index = m_items.IndexOf(hit.item);
+    // A drag ends the press it grew out of.
+    UpdateElementsPos();
     m_dropIndex = -1;
     info.rect = hit.rect;
     info.limits = rectangle<int>(GetDraggingBounds(hit.item));

@@ -175,6 +175,19 @@ TEST_F(Header, APressClicksUnlessASlotRefusesIt) {
     EXPECT_EQ(journal, (Journal{"pressing C", "pressed C", "pressing C"}));
 }
 
+// The button came up over another element: the next move ends the press, with no click but a repaint.
+TEST_F(Header, APressEndedUnseenRepaintsTheSection) {
+    Drag(200, 30, 201, 30);
+    header.ReleaseMouse();
+    f.window->InjectButtonUp(200, 80);
+    while (f.Paint()) {
+    }
+    f.window->InjectMouseMove(201, 30);
+    EXPECT_EQ(header.GetProcessing().type, 0);
+    EXPECT_TRUE(f.window->IsPaintPending());
+    EXPECT_EQ(journal, (Journal{"pressing C"}));
+}
+
 TEST_F(Header, TheExpandButtonTogglesAGroupAndTheHeightStays) {
     f.window->InjectButtonDown(168, 8);
     f.window->InjectButtonUp(168, 8);
@@ -283,6 +296,21 @@ TEST_F(Header, HostedElementsSitInTheirSectionsAndHideOutOfView) {
     delete over;
     header.SetOffset(0);
     EXPECT_TRUE(left->IsVisible());
+}
+
+TEST_F(Header, AHostedElementFollowsThePressOfItsSection) {
+    auto* on = new mirel_test::CFilledElement(&header, {10, 6}, AlignNone);
+    header.SetVisualElement((*this)["C"], on, AlignLeft);
+    rectangle<int> const rest = on->GetPosition();
+    Drag(200, 30, 201, 30);
+    EXPECT_EQ(on->GetPosition(),
+              (rectangle<int>{rest.left + 1, rest.top + 1, rest.right + 1, rest.bottom + 1}));
+    f.window->InjectButtonUp(201, 30);
+    EXPECT_EQ(on->GetPosition(), rest);
+    Drag(200, 30, 201, 30);
+    f.window->InjectMouseMove(300, 30);
+    EXPECT_EQ(header.GetProcessing().type, 2) << "a drag";
+    EXPECT_EQ(on->GetPosition(), rest);
 }
 
 TEST_F(Header, ATreeChangeRebuildsTheColumnsAndTheHeight) {
