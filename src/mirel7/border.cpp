@@ -39,7 +39,10 @@ SShading ShadingOf(BorderStyle style) {
 
 class CBorderPainter {
 public:
-    CBorderPainter(IPainter* painter) : m_painter(painter), m_palette(painter->GetCustomPalette()) {}
+    // Nothing is filled outside `within`: the inner line of a frame thinner than two lines would fall
+    // beyond it.
+    CBorderPainter(IPainter* painter, rectangle<double> const& within)
+        : m_painter(painter), m_palette(painter->GetCustomPalette()), m_within(within) {}
 
     _color Color(ISysPalette::SysColor index) const {
         if (m_palette) return m_palette->GetColor(index);
@@ -48,6 +51,10 @@ public:
     }
 
     void Fill(ISysPalette::SysColor index, double left, double top, double right, double bottom) {
+        left = std::max(left, m_within.left);
+        top = std::max(top, m_within.top);
+        right = std::min(right, m_within.right);
+        bottom = std::min(bottom, m_within.bottom);
         if (index == ISysPalette::ColorNone || left > right || top > bottom) return;
         m_painter->SetBrush(brush{Color(index)});
         m_painter->FillRect(left, top, right, bottom);
@@ -66,6 +73,7 @@ public:
 private:
     IPainter* m_painter;
     ICustomPalette* m_palette;
+    rectangle<double> m_within;
 };
 
 rectangle<double> Inset(rectangle<double> const& r, int edges, double t) {
@@ -84,7 +92,7 @@ void DrawBorder(IPainter* painter, rectangle<double> const& rect, BorderShape sh
     bool const soft = shape == BorderSoftBox;
     double const t = std::max(1, static_cast<int>(painter->GetDPIScale()));
     SShading const shading = ShadingOf(style);
-    CBorderPainter border(painter);
+    CBorderPainter border(painter, r);
     if (fill) {
         // A soft box keeps its corners clear: its inside starts within the outer line.
         rectangle<double> const inside = soft ? Inset(r, edges, t) : r;

@@ -1,5 +1,8 @@
+#include <mirelfrw7/core/clip_holder.h>
 #include <mirelfrw7/layout/bevel.h>
+
 #include <mirelfrw7/layout/insets.h>
+#include <optional>
 
 #include <mirel7/custom_palette.h>
 
@@ -54,7 +57,15 @@ void CBevel::DrawContent(IPainter* painter) {
         (system ? system : mirel7::GetDefaultPalette())->GetColor(ISysPalette::ColorElementBackground);
     bool const custom = background != usual;
     if (custom) painter->SetCustomPalette(mirel7::CreateCustomPalette(background));
-    mirel7::DrawBorder(painter, rectangle<double>(rectangle<int>(GetBevelRect())), m_shape, m_style, true);
+    rectangle<int> const frame(GetBevelRect());
+    {
+        // An offset past the bevel's size turns the frame inside out, and the border drawing, which takes it
+        // the right way round, would paint beyond the element, where only a full repaint covers it again.
+        std::optional<CClipHolder> within;
+        if (frame.left > frame.right || frame.top > frame.bottom)
+            within.emplace(painter, rectangle<double>(GetBounds()));
+        mirel7::DrawBorder(painter, rectangle<double>(frame), m_shape, m_style, true);
+    }
     if (custom) painter->SetCustomPalette(nullptr);
 }
 

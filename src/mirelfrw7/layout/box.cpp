@@ -17,6 +17,7 @@ bool CBoxBase::IsScrollableOnSetPos() const {
 void CBoxBase::ProcessSetControl(IControl* control) {
     CScrolled::ProcessSetControl(control);
     m_autoSize = false;
+    m_leaving = nullptr;
 }
 
 void CBoxBase::AfterSetControl() {
@@ -26,14 +27,28 @@ void CBoxBase::AfterSetControl() {
 }
 
 void CBoxBase::AddNewChild(CVisualElement* child) {
+    if (child == m_leaving) m_leaving = nullptr;
     CScrolled::AddNewChild(child);
     RecalculateSize();
 }
 
+// A box that keeps its size leaves the rearrangement where it was asked for: taking it over would queue the
+// same top element again while a layout pass places it, which the control takes for a layout that never
+// settles, and drops.
 void CBoxBase::ProcessRearrange(CVisualElement** target) {
     if (*target == this || !m_autoSize) return;
+    size<int> const before = m_size;
     RecalculateSize();
-    *target = this;
+    if (m_size != before) *target = this;
+}
+
+// A deleted child rearranges nobody: the box measures itself here, without it.
+bool CBoxBase::BeforeProcessChange(CVisualElement* sender, UpdateType type) {
+    if ((type & UpdateLeaving) && m_autoSize && sender->GetParent() == this) {
+        m_leaving = sender;
+        RecalculateSize();
+    }
+    return CScrolled::BeforeProcessChange(sender, type);
 }
 
 void CBoxBase::Recalculate(bool vertical) {
@@ -41,7 +56,7 @@ void CBoxBase::Recalculate(bool vertical) {
     std::int64_t sum = m_padSize;
     for (int i = 0, count = m_children->GetCount(); i < count; ++i) {
         CVisualElement const* const child = m_children->GetItem(i);
-        if (!child->IsVisible()) continue;
+        if (!child->IsVisible() || child == m_leaving) continue;
         Alignment const a = child->GetAlignment();
         bool const along = a == AlignClient ||
                            (vertical ? a == AlignTop || a == AlignBottom : a == AlignLeft || a == AlignRight);

@@ -19,6 +19,7 @@ public:
     void AfterSetControl() override;
     void AddNewChild(CVisualElement* child) override;
     void ProcessRearrange(CVisualElement** target) override;
+    bool BeforeProcessChange(CVisualElement* sender, UpdateType type) override;
 
     bool GetAutoSize() const { return m_autoSize; }
     int GetPadSize() const { return m_padSize; }
@@ -34,6 +35,10 @@ protected:
 
     bool m_autoSize;
     int m_padSize = 0;
+    // A child on its way out: it is told to leave, and asks its parent to rearrange, while still in the
+    // list, so the measure must skip it. Compared by address only; cleared when a child is added, should
+    // one come back or another take its address.
+    CVisualElement const* m_leaving = nullptr;
 };
 
 // Stacks its top, bottom and client children and takes their height.

@@ -1,6 +1,7 @@
 #include <mirelfrw7/layout/bevel.h>
 
 #include "support/control_fixture.h"
+#include "support/pixel_image.h"
 #include "support/test_elements.h"
 
 #include <mirel7/custom_palette.h>
@@ -29,6 +30,21 @@ SInsets const InsetVectors[] = {
     {{1, 2, 3, 4}, {2, 2, 2, 2}, {1, 2, 37, 26}, {3, 4, 35, 24}},
     {{1, 2, 3, 4}, {0, 1, 5, 0}, {1, 2, 37, 26}, {1, 3, 32, 26}},
 };
+
+// An offset larger than the bevel turns its rectangle inside out, and the frame would fall outside.
+TEST(Bevel, AFrameTurnedInsideOutByItsOffsetStaysWithinTheBounds) {
+    CControlFixture f({60, 20}, false);
+    CBevel bevel(f.Root(), {0, 0}, AlignNone);
+    bevel.SetBkColor(mirel7::_color(200, 30, 30));
+    bevel.SetShape(CBevel::BorderShape(0));
+    bevel.SetPos({0, 0, 36, 2}, false);
+    bevel.SetOffset({0, 3, 0, 0});
+    while (f.Paint()) {
+    }
+    auto const image = mirel_test::CPixelImage::Of(*f.window->GetPainter());
+    for (int x = 0; x < 40; ++x)
+        ASSERT_EQ(image.At(x, 3), image.At(50, 10)) << "at " << x;
+}
 
 TEST(Bevel, TheContentIsInsetByTheOffsetAndTheContentOffset) {
     for (SInsets const& v : InsetVectors) {

@@ -62,6 +62,35 @@ TEST(Box, HidingAChildResizesTheBoxAtOnceAndTheBoxIsDockedAnew) {
     EXPECT_EQ(below.GetPosition().top, 22);
 }
 
+TEST(Box, AChildThatLeavesNoLongerCounts) {
+    CControlFixture f;
+    CVertBox box(f.Root(), {50, 0}, AlignTop);
+    CFilledElement a(&box, {0, 10}, AlignTop), b(&box, {0, 20}, AlignBottom);
+    auto* doomed = new CFilledElement(&box, {0, 5}, AlignClient);
+    b.ReParent(f.Root(), true);
+    EXPECT_EQ(box.GetSize().cy, 17) << "moved elsewhere";
+    delete doomed;
+    EXPECT_EQ(box.GetSize().cy, 11) << "deleted";
+    b.ReParent(&box, true);
+    EXPECT_EQ(box.GetSize().cy, 32) << "back again";
+}
+
+TEST(Box, AnInnerBoxMeasuredAgainWhileItsOuterBoxIsPlacedIsPlacedInTheSamePaint) {
+    CControlFixture f;
+    auto* outer = new CVertBox(nullptr, {0, 0}, AlignClient);
+    f.control->SetContent(outer);
+    CFilledElement side(outer, {17, 10}, AlignLeft);
+    CVertBox inner(&side, {0, 0}, AlignTop);
+    CFilledElement below(&side, {0, 3}, AlignTop);
+    f.Paint();
+    inner.SetSize({0, 5}, false); // told a height that its next measure takes back
+    f.Paint();
+    side.SetAlignment(AlignTop);
+    f.Paint();
+    EXPECT_EQ(inner.GetSize().cy, 0);
+    EXPECT_EQ(below.GetPosition(), (mirel7::rectangle<int>{0, 1, 199, 4}));
+}
+
 TEST(Box, ATreeBuiltDetachedIsMeasuredOnceWhenAttachedInnerBoxesFirst) {
     CControlFixture f;
     CCounting<CVertBox> outer(nullptr, {50, 0}, AlignTop);
