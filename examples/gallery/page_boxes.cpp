@@ -117,9 +117,13 @@ public:
         m_horz->SetRightPadSize(4);
         static _color const colours[] = {{230, 159, 0}, {0, 114, 178}, {0, 158, 115}, {204, 121, 167}};
         for (int i = 0; i < 4; ++i) {
-            m_rows[i] = new CSwatch(m_vert, AlignTop, {0, 22}, colours[i], "row " + std::to_string(i + 1));
+            // Appended rather than concatenated: GCC 12 at -O3 takes "literal" + string for an overlapping
+            // copy.
+            std::string const number = std::to_string(i + 1);
+            m_rows[i] =
+                new CSwatch(m_vert, AlignTop, {0, 22}, colours[i], std::string("row ").append(number));
             m_columns[i] =
-                new CSwatch(m_horz, AlignLeft, {44, 0}, colours[3 - i], "c" + std::to_string(i + 1));
+                new CSwatch(m_horz, AlignLeft, {44, 0}, colours[3 - i], std::string("c").append(number));
         }
         if (mirel7::ISystem* const system = mirel7::GetCurrentSystem()) {
             m_timer = system->CreateTimer(900, true);
