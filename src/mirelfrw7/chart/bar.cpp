@@ -6,6 +6,7 @@
 #include <mirelfrw7/scroll/scroll_model.h>
 
 #include <mirel7/border.h>
+#include <mirel7/events.h>
 #include <mirel7/sys_window.h>
 #include <mirel7/window_painter.h>
 
@@ -17,8 +18,6 @@ namespace mirelfrw7 {
 
 namespace {
 
-constexpr int ShiftKey = 0x100;
-constexpr int CtrlKey = 0x200;
 // How far a press moves before it becomes a drag, and how near a border or edge grabs it.
 constexpr int DragDistance = 6;
 constexpr int GrabDistance = 3;
@@ -174,7 +173,7 @@ double CBar::GetSizeHint() {
 }
 
 void CBar::Select(int index, int flags) {
-    if (flags & CtrlKey) {
+    if (flags & mirel7::FlagControl) {
         // A Shift range still pending becomes settled before the toggle.
         if (m_rangeEnd != -1 && m_anchor != -1)
             for (int i = std::min(m_anchor, m_rangeEnd); i <= std::max(m_anchor, m_rangeEnd); ++i)
@@ -186,7 +185,7 @@ void CBar::Select(int index, int flags) {
         else
             m_selection.SelectItem(index);
         m_anchor = index;
-    } else if (flags & ShiftKey) {
+    } else if (flags & mirel7::FlagShift) {
         if (m_anchor == -1) m_anchor = index;
         m_rangeSelection.Clear();
         m_rangeSelection.SetItemsSelection(m_anchor, index, true);

@@ -1,8 +1,8 @@
 #pragma once
 
 #include <mirelfrw7/export.h>
-#include <mirelfrw7/items/index_translator.h>
 #include <mirelfrw7/header/sorting.h>
+#include <mirelfrw7/items/index_translator.h>
 #include <mirelfrw7/items/items_model.h>
 
 #include <string>
