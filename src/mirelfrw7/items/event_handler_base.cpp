@@ -21,8 +21,6 @@ namespace mirelfrw7 {
 
 namespace {
 
-constexpr int ShiftFlag = 0x100;
-constexpr int CtrlFlag = 0x200;
 constexpr int LeftHeld = 1;
 // Focus changes repaint up to this many selected items one by one, and everything beyond.
 constexpr int FocusRepaintLimit = 6;
@@ -159,12 +157,12 @@ void CEventHandlerBase::ProcessItemChangeOneItem(int from, int to, int, ISelecti
 void CEventHandlerBase::ProcessItemChangeFree(int from, int to, int flags, ISelectionModel* sel) {
     IBaseItemViewModel* const vm = GetItemViewModel();
     if (!sel || !vm || from == to || m_selectionType == SelectNoItems) return;
-    if (flags & ShiftFlag) {
+    if (flags & mirel7::FlagShift) {
         int const count = vm->GetCount();
         if (m_anchor < 0 || m_anchor >= count) m_anchor = std::clamp(from, 0, std::max(count - 1, 0));
         sel->SetSelectionRange(m_anchor, to);
         sel->AddDirtyItems(from, to);
-    } else if (flags & CtrlFlag) {
+    } else if (flags & mirel7::FlagControl) {
         // The current item moves alone.
     } else if (sel->GetSelectedCount() < 2) {
         ProcessItemChangeOneItem(from, to, 0, sel);
@@ -196,17 +194,17 @@ bool CEventHandlerBase::PressItem(int index, int current, int flags, ISelectionM
     if (index == -1) return false;
     bool result = true;
     if (index == current) {
-        if (flags & (ShiftFlag | CtrlFlag))
+        if (flags & (mirel7::FlagShift | mirel7::FlagControl))
             result = false;
         else
             Reselect(index, sel);
     } else {
-        flags &= ShiftFlag | CtrlFlag;
+        flags &= mirel7::FlagShift | mirel7::FlagControl;
         SetCurrentItem(index);
         AfterPressMoved(current, index);
         ProcessItemChange(current, sel->GetCurrent(), flags, sel);
     }
-    if ((flags & CtrlFlag) && m_selectionType == SelectFree) {
+    if ((flags & mirel7::FlagControl) && m_selectionType == SelectFree) {
         ToggleItem(index, sel);
         result = true;
     }
@@ -242,8 +240,8 @@ bool CEventHandlerBase::ProcessMouseMove(int x, int y, int flags, MouseButton bu
     int const index = GetItemIndex(x, y);
     ProcessScrolling(index, pos);
     if (index == -1 || pos < 0) return false;
-    ProcessButtonDown(x, y, ShiftFlag, button, stop);
-    if (m_next && !*stop) m_next->ProcessButtonDown(x, y, ShiftFlag, button, stop);
+    ProcessButtonDown(x, y, mirel7::FlagShift, button, stop);
+    if (m_next && !*stop) m_next->ProcessButtonDown(x, y, mirel7::FlagShift, button, stop);
     return false;
 }
 
@@ -276,13 +274,13 @@ void CEventHandlerBase::ScrollStepTo(int target) {
     if (target == -1 || !sel) return;
     int const old = sel->GetCurrent();
     SetCurrentItem(target);
-    ProcessItemChange(old, target, ShiftFlag, sel);
+    ProcessItemChange(old, target, mirel7::FlagShift, sel);
 }
 
 bool CEventHandlerBase::ProcessKeyDown(int flags, int key, bool*) {
     IBaseItemViewModel* const vm = GetItemViewModel();
     ISelectionModel* const sel = GetItemSelectionModel();
-    if (key == 'A' && (flags & CtrlFlag) && m_selectionType == SelectFree && vm && sel) {
+    if (key == 'A' && (flags & mirel7::FlagControl) && m_selectionType == SelectFree && vm && sel) {
         if (vm->GetCount() >= 1) {
             sel->ClearSelection();
             sel->SetSelectionRange(0, vm->GetCount() - 1);

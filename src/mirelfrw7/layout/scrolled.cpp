@@ -1,5 +1,7 @@
 #include <mirelfrw7/layout/scrolled.h>
 
+#include <mirel7/events.h>
+
 namespace mirelfrw7 {
 
 namespace {
@@ -51,7 +53,7 @@ void CScrolled::DrawContent(IPainter* painter) {
 bool CScrolled::HandleKeyDown(int flags, int key) {
     if (!m_clipToParent) return false;
     int const page = GetDrawBounds().Height();
-    bool const ctrl = (flags & 0x200) != 0;
+    bool const ctrl = (flags & mirel7::FlagControl) != 0;
     switch (key) {
     case 33:
         JumpVert(page);
