@@ -74,24 +74,22 @@ TEST_F(ClipHolder, NestedHoldersUnwindInTurn) {
     EXPECT_TRUE(ImagesMatch(Shot(), Blank().Fill({5, 5, 34, 7}, Blue).Fill({5, 10, 34, 14}, Red)));
 }
 
-TEST(ClipHolderCalls, WithoutAFormerClipTheRectangleAloneClipsAndNothingComesBack) {
+// Without a former clip the rectangle alone clips, the margins play no part, and nothing comes back; a held
+// clip is set in device pixels and the saved one after.
+TEST(ClipHolderCalls, SetsAndRestoresTheClip) {
     CRecordingPainter painter({100, 100});
     {
         CClipHolder const hold(&painter, {10, 10, 19, 19}, {-5, -5, 5, 5});
-        EXPECT_EQ(painter.GetClipRect(), (rectangle<double>{10, 10, 20, 20})) << "the margins play no part";
+        EXPECT_EQ(painter.GetClipRect(), (rectangle<double>{10, 10, 20, 20}));
     }
     EXPECT_TRUE(painter.GetClipRect().IsAllZero());
-    EXPECT_EQ(painter.Lines(), (std::vector<std::string>{"SetClipRect 10,10,19,19", "ResetClip"}));
     EXPECT_FALSE(painter.GetClip().active);
-}
-
-TEST(ClipHolderCalls, AHeldClipIsSetInDevicePixelsAndTheSavedOneAfter) {
-    CRecordingPainter painter({100, 100});
     painter.SimpleSetClipRect({0, 0, 50, 50}, false);
-    painter.Clear();
     { CClipHolder const hold(&painter, {10, 10, 19, 19}); }
-    EXPECT_EQ(painter.Lines(), (std::vector<std::string>{"ResetClip", "SimpleSetClipRect 10,10,20,20",
-                                                         "ResetClip", "SimpleSetClipRect 0,0,50,50"}));
+    EXPECT_EQ(painter.Lines(),
+              (std::vector<std::string>{"SetClipRect 10,10,19,19", "ResetClip", "SimpleSetClipRect 0,0,50,50",
+                                        "ResetClip", "SimpleSetClipRect 10,10,20,20", "ResetClip",
+                                        "SimpleSetClipRect 0,0,50,50"}));
 }
 
 } // namespace

@@ -69,47 +69,36 @@ protected:
     CVisualElement element{nullptr, {10, 10}, AlignNone};
 };
 
-TEST_F(ColourRoutines, FlashThenNormalRestoresTheColoursButNotThePaletteBinding) {
+// Normal colours are those of the time an element joined; coming back binds them to no palette index.
+// Empty flash colours take the highlight colours.
+TEST_F(ColourRoutines, FlashThenNormal) {
+    CVisualElement plain{nullptr, {10, 10}, AlignNone};
+    palette.colors[ISysPalette::ColorElementForeground] = Red;
+    palette.colors[ISysPalette::ColorHighlightText] = Yellow;
+    palette.colors[ISysPalette::ColorHighlight] = Green;
+    _color const bk = element.GetBkColor();
     CBkFgRoutine routine;
-    routine.AddElement(&element, Red, Blue);
+    routine.AddElement(&element, Green, Blue);
     routine.AddElement(nullptr, Red, Blue);
-    ASSERT_EQ(routine.GetElements().size(), 1u);
-    _color const fg = element.GetFgColor(), bk = element.GetBkColor();
+    routine.AddElement(&plain, {}, {});
+    ASSERT_EQ(routine.GetElements().size(), 2u);
+    palette.colors[ISysPalette::ColorElementForeground] = Blue;
+    EXPECT_EQ(element.GetFgColor(), Blue) << "still bound to the palette";
 
-    routine.GetElements()[0].ProcessFlashed();
-    EXPECT_EQ(element.GetFgColor(), Red);
+    for (SBkFgElement const& e : routine.GetElements())
+        e.ProcessFlashed();
+    EXPECT_EQ(element.GetFgColor(), Green);
     EXPECT_EQ(element.GetBkColor(), Blue);
+    EXPECT_EQ(plain.GetFgColor(), Yellow);
+    EXPECT_EQ(plain.GetBkColor(), Green);
 
     routine.GetElements()[0].ProcessNormal();
-    EXPECT_EQ(element.GetFgColor(), fg);
+    EXPECT_EQ(element.GetFgColor(), Red);
     EXPECT_EQ(element.GetBkColor(), bk);
     EXPECT_EQ(element.GetFgSysColor(), ISysPalette::ColorNone);
     EXPECT_EQ(element.GetBkSysColor(), ISysPalette::ColorNone);
-
-    // Bound to no index now, the element keeps its colours through a change of the system's.
     palette.colors[ISysPalette::ColorElementBackground] = Yellow;
     EXPECT_EQ(element.GetBkColor(), bk);
-}
-
-TEST_F(ColourRoutines, EmptyFlashColoursTakeTheHighlightColours) {
-    palette.colors[ISysPalette::ColorHighlightText] = Yellow;
-    palette.colors[ISysPalette::ColorHighlight] = Green;
-    CBkFgRoutine routine;
-    routine.AddElement(&element, {}, {});
-    routine.GetElements()[0].ProcessFlashed();
-    EXPECT_EQ(element.GetFgColor(), Yellow);
-    EXPECT_EQ(element.GetBkColor(), Green);
-}
-
-TEST_F(ColourRoutines, NormalColoursAreThoseOfTheTimeTheElementJoined) {
-    palette.colors[ISysPalette::ColorElementForeground] = Red;
-    CBkFgRoutine routine;
-    routine.AddElement(&element, Green, Green);
-    palette.colors[ISysPalette::ColorElementForeground] = Blue;
-    EXPECT_EQ(element.GetFgColor(), Blue) << "still bound to the palette";
-    routine.GetElements()[0].ProcessNormal();
-    EXPECT_EQ(element.GetFgColor(), Red);
-    EXPECT_EQ(element.GetFgSysColor(), ISysPalette::ColorNone);
 }
 
 TEST_F(ColourRoutines, PalettesFlashAndComeBack) {
@@ -171,24 +160,20 @@ TEST_F(AttrBinder, WalksTheSubtreeDepthFirstParentsFirstHiddenOnesToo) {
     // The colour is a temporary: the binder keeps a copy.
     std::for_each(ElementsBegin(children), ElementsEnd(children),
                   CAttrBinder<_color const&>(&CVisualElement::SetBkColor, _color(1, 2, 3)));
-    EXPECT_EQ(journal, (std::vector<std::string>{"A", "B", "D", "C"}));
-    for (CVisualElement const* e : {&a, &b, &c, &d})
-        EXPECT_EQ(e->GetBkColor(), _color(1, 2, 3));
-    EXPECT_NE(root.GetBkColor(), _color(1, 2, 3)) << "the list's owner is not part of the walk";
-
     std::for_each(
         ElementsBegin(children), ElementsEnd(children),
         CAttrBinder<ISysPalette::SysColor>(&CVisualElement::SetFgColor, ISysPalette::ColorHighlight));
-    for (CVisualElement const* e : {&a, &b, &c, &d})
+    EXPECT_EQ(journal, (std::vector<std::string>{"A", "B", "D", "C", "A", "B", "D", "C"}));
+    for (CVisualElement const* e : {&a, &b, &c, &d}) {
+        EXPECT_EQ(e->GetBkColor(), _color(1, 2, 3));
         EXPECT_EQ(e->GetFgSysColor(), ISysPalette::ColorHighlight);
-}
+    }
+    EXPECT_NE(root.GetBkColor(), _color(1, 2, 3)) << "the list's owner is not part of the walk";
 
-TEST_F(AttrBinder, AnEmptyWalkGivesTheBinderBackAsItWas) {
     IChildren* const none = d.GetChildren();
-    auto const binder = std::for_each(ElementsBegin(none), ElementsEnd(none),
-                                      CAttrBinder<_color const&>(&CVisualElement::SetFgColor, Red));
-    binder(&c);
-    EXPECT_EQ(c.GetFgColor(), Red);
+    std::for_each(ElementsBegin(none), ElementsEnd(none),
+                  CAttrBinder<_color const&>(&CVisualElement::SetFgColor, Red))(&c);
+    EXPECT_EQ(c.GetFgColor(), Red) << "an empty walk gives the binder back as it was";
     EXPECT_EQ(ElementsBegin(nullptr), ElementsEnd(nullptr));
 }
 
@@ -196,10 +181,6 @@ TEST_F(AttrBinder, ElementIteratorsServeTheStandardAlgorithms) {
     IChildren* const children = a.GetChildren();
     std::vector<CVisualElement*> const copied(ElementsBegin(children), ElementsEnd(children));
     EXPECT_EQ(copied, (std::vector<CVisualElement*>{&b, &c}));
-    EXPECT_EQ(std::count_if(ElementsBegin(children), ElementsEnd(children),
-                            [](CVisualElement* e) { return e->IsVisible(); }),
-              1);
-
     // The control's lists hold holes after reduction; the binder steps over them.
     CElementList list;
     list.AddElement(&c);

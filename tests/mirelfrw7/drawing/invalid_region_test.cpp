@@ -18,34 +18,36 @@ Rects All(CInvalidRegion const& region) {
     return rects;
 }
 
-TEST(InvalidRegion, SidesRunTheWholeHeightAndTopAndBottomFillBetween) {
-    CInvalidRegion const region({0, 0, 100, 50}, {20, 10, 80, 40});
-    EXPECT_EQ(All(region), (Rects{{0, 0, 20, 50}, {80, 0, 100, 50}, {20, 0, 80, 10}, {20, 40, 80, 50}}));
-    EXPECT_TRUE(region[4].IsAllZero());
-    EXPECT_TRUE(region[-1].IsAllZero());
-}
-
-TEST(InvalidRegion, OnlyTheSidesThatStickOut) {
-    EXPECT_EQ(All(CInvalidRegion({0, 0, 100, 50}, {0, 0, 100, 50})), Rects{});
-    EXPECT_EQ(All(CInvalidRegion({0, 0, 100, 50}, {0, 10, 100, 50})), (Rects{{0, 0, 100, 10}}));
-    EXPECT_EQ(All(CInvalidRegion({0, 0, 100, 50}, {0, 0, 60, 30})),
-              (Rects{{60, 0, 100, 50}, {0, 30, 60, 50}}));
-}
-
-TEST(InvalidRegion, AnEmptyValidPartLeavesTheWhole) {
-    EXPECT_EQ(All(CInvalidRegion({0, 0, 100, 50}, {20, 10, 20, 40})), (Rects{{0, 0, 100, 50}}));
-    EXPECT_EQ(All(CInvalidRegion({0, 0, 100, 50}, {})), (Rects{{0, 0, 100, 50}}));
-}
-
-TEST(InvalidRegion, AxesReversedInBothRectanglesSwapBeforeAndAfter) {
-    EXPECT_EQ(All(CInvalidRegion({100, 0, 0, 50}, {80, 10, 20, 40})),
-              (Rects{{100, 0, 80, 50}, {20, 0, 0, 50}, {80, 0, 20, 10}, {80, 40, 20, 50}}));
-    EXPECT_EQ(All(CInvalidRegion({0, 50, 100, 0}, {20, 40, 80, 10})),
-              (Rects{{0, 50, 20, 0}, {80, 50, 100, 0}, {20, 50, 80, 40}, {20, 10, 80, 0}}));
-    // Reversed in one rectangle only, an axis counts as running forwards, and no side of the reversed whole
-    // lies before or after the valid part.
-    EXPECT_EQ(All(CInvalidRegion({100, 0, 0, 50}, {20, 10, 80, 40})),
-              (Rects{{100, 0, 0, 10}, {100, 40, 0, 50}}));
+// Sides run the whole height, top and bottom fill between; only the parts that stick out count. An axis
+// reversed in both rectangles swaps before and after; reversed in one only, it counts as running forwards,
+// and no side of the reversed whole lies before or after the valid part.
+TEST(InvalidRegion, PartsOutsideTheValidPart) {
+    struct SCase {
+        rectangle<double> whole, valid;
+        Rects parts;
+    } const cases[] = {
+        {{0, 0, 100, 50},
+         {20, 10, 80, 40},
+         {{0, 0, 20, 50}, {80, 0, 100, 50}, {20, 0, 80, 10}, {20, 40, 80, 50}}},
+        {{0, 0, 100, 50}, {0, 0, 100, 50}, {}},
+        {{0, 0, 100, 50}, {0, 10, 100, 50}, {{0, 0, 100, 10}}},
+        {{0, 0, 100, 50}, {0, 0, 60, 30}, {{60, 0, 100, 50}, {0, 30, 60, 50}}},
+        {{0, 0, 100, 50}, {20, 10, 20, 40}, {{0, 0, 100, 50}}},
+        {{0, 0, 100, 50}, {}, {{0, 0, 100, 50}}},
+        {{100, 0, 0, 50},
+         {80, 10, 20, 40},
+         {{100, 0, 80, 50}, {20, 0, 0, 50}, {80, 0, 20, 10}, {80, 40, 20, 50}}},
+        {{0, 50, 100, 0},
+         {20, 40, 80, 10},
+         {{0, 50, 20, 0}, {80, 50, 100, 0}, {20, 50, 80, 40}, {20, 10, 80, 0}}},
+        {{100, 0, 0, 50}, {20, 10, 80, 40}, {{100, 0, 0, 10}, {100, 40, 0, 50}}},
+    };
+    for (SCase const& c : cases) {
+        CInvalidRegion const region(c.whole, c.valid);
+        EXPECT_EQ(All(region), c.parts) << "row " << &c - cases;
+        EXPECT_TRUE(region[region.GetCount()].IsAllZero());
+        EXPECT_TRUE(region[-1].IsAllZero());
+    }
 }
 
 // The rectangles of a region and its valid part cover the whole on the screen, whichever way the

@@ -27,36 +27,30 @@ protected:
     headless::CHeadlessSystem system;
 };
 
-TEST_F(TransparentPainter, OpaqueAtZeroAndWhatWasNotDrawnStaysClear) {
-    DrawHalfRed(0);
-    EXPECT_TRUE(ImagesMatch(Shot(), Blank().Fill({10, 5, 14, 14}, Red)));
+// Opaque at 0, half way at 127 (alpha 128 over white keeps 127 of green and blue), invisible at 255; what
+// was not drawn stays clear.
+TEST_F(TransparentPainter, TransparencyOfTheDrawing) {
+    struct SCase {
+        int transparency;
+        std::uint32_t colour;
+    } const cases[] = {{0, Red}, {127, Opaque(255, 127, 127)}, {255, White}};
+    for (SCase const& c : cases) {
+        Clear(*painter, White);
+        DrawHalfRed(c.transparency);
+        EXPECT_TRUE(ImagesMatch(Shot(), Blank().Fill({10, 5, 14, 14}, c.colour), 1)) << c.transparency;
+    }
 }
 
-TEST_F(TransparentPainter, HalfWayAt127) {
-    DrawHalfRed(127);
-    // Alpha 128 of 255 over white: red stays full, green and blue keep 127 of 255.
-    EXPECT_TRUE(ImagesMatch(Shot(), Blank().Fill({10, 5, 14, 14}, Opaque(255, 127, 127)), 1));
-}
-
-TEST_F(TransparentPainter, InvisibleAt255) {
-    DrawHalfRed(255);
-    EXPECT_TRUE(ImagesMatch(Shot(), Blank()));
-}
-
-TEST(TransparentPainterCalls, BlendsThePictureOfTheRectanglesSizeOnce) {
-    headless::CHeadlessSystem system;
-    CRecordingPainter target({100, 100});
-    { CTransparentPainter const over(&target, {10, 5, 30, 15}, 55); }
-    EXPECT_EQ(target.Lines(), (std::vector<std::string>{"AlphaBlend 10,5,30,15 picture=20x10 alpha=200"}));
-}
-
-TEST(TransparentPainterCalls, WithoutASystemThereIsNothingToDrawOn) {
+TEST(TransparentPainterCalls, BlendsThePictureOfTheRectanglesSizeOnceAndNeedsASystem) {
     CRecordingPainter target({100, 100});
     {
         CTransparentPainter const over(&target, {10, 5, 30, 15}, 0);
         EXPECT_EQ(over.GetPainter(), nullptr);
     }
     EXPECT_TRUE(target.Lines().empty());
+    headless::CHeadlessSystem system;
+    { CTransparentPainter const over(&target, {10, 5, 30, 15}, 55); }
+    EXPECT_EQ(target.Lines(), (std::vector<std::string>{"AlphaBlend 10,5,30,15 picture=20x10 alpha=200"}));
 }
 
 } // namespace
