@@ -66,13 +66,18 @@ TEST_F(Image, DrawStartPosByAlignment) {
     }
 }
 
-// A picture and an index exclude each other; an index has a size only with a control and an image list.
-TEST_F(Image, SourcesAndSizes) {
+// A picture and an index exclude each other, each drawn centred, greyed when disabled; an index has a size
+// only with a control and an image list.
+TEST_F(Image, SourcesSizesAndDrawing) {
     EXPECT_FALSE(image->IsAssigned());
     image->SetImageIndex(1);
     EXPECT_EQ(image->GetImageSize(), (size<int>{16, 16}));
-    image->SetRasterPicture(mirel7::NewRasterPicture(5, 4));
-    EXPECT_EQ(image->GetImageSize(), (size<int>{5, 4}));
+    EXPECT_EQ(Drawn(), (std::vector<std::string>{"DrawRasterPicture 22,27,38,43 picture=16x16"}));
+    image->SetEnabled(false);
+    EXPECT_EQ(Drawn(), (std::vector<std::string>{"DrawRasterPicture 22,27,38,43 picture=16x16 disabled"}));
+    image->SetRasterPicture(mirel7::NewRasterPicture(4, 2));
+    EXPECT_EQ(image->GetImageSize(), (size<int>{4, 2}));
+    EXPECT_EQ(Drawn(), (std::vector<std::string>{"DrawRasterPicture 28,34,32,36 picture=4x2 disabled"}));
     image->SetImageIndex(0);
     EXPECT_EQ(image->GetImageSize(), (size<int>{16, 16}));
     image->Clear();
@@ -87,34 +92,18 @@ TEST_F(Image, SourcesAndSizes) {
     EXPECT_EQ(loose->GetSize(), (size<int>{20, 22}));
 }
 
-TEST_F(Image, DrawsItsSourceCentredAndDisabled) {
-    image->SetImageIndex(1);
-    EXPECT_EQ(Drawn(), (std::vector<std::string>{"DrawRasterPicture 22,27,38,43 picture=16x16"}));
-    image->SetEnabled(false);
-    EXPECT_EQ(Drawn(), (std::vector<std::string>{"DrawRasterPicture 22,27,38,43 picture=16x16 disabled"}));
-    image->SetRasterPicture(mirel7::NewRasterPicture(4, 2));
-    EXPECT_EQ(Drawn(), (std::vector<std::string>{"DrawRasterPicture 28,34,32,36 picture=4x2 disabled"}));
-}
-
 // A frame on the timer repaints the image's rectangle and nothing else: its background, then the frame.
 TEST_F(Image, TimerFrameRepaintsOnlyTheImage) {
-    int updates = 0;
-    struct Receiver : tarnkit2::subscriber_base_t {
-        int* count;
-        void Updated(CImage*) { ++*count; }
-    } receiver;
-    receiver.count = &updates;
-    image->sigAnimationUpdated.connect(&receiver, &Receiver::Updated);
+    mirel_test::CUpdateCounter counter(image);
     image->SetAnimation(animation);
     image->StartAnimation();
     Drawn();
     fixture.system.Advance(10);
-    EXPECT_EQ(updates, 2);
-    std::vector<std::string> const expected = {"FillRect 10,20,50,50 brush=#f0f0f0", "FillRect 26,32,33,37"};
+    EXPECT_EQ(counter.updates, 2);
     std::vector<std::string> drawn = Drawn();
     ASSERT_EQ(drawn.size(), 2u);
-    EXPECT_EQ(drawn[0], expected[0]);
-    EXPECT_TRUE(drawn[1].starts_with(expected[1])) << drawn[1];
+    EXPECT_EQ(drawn[0], "FillRect 10,20,50,50 brush=#f0f0f0");
+    EXPECT_TRUE(drawn[1].starts_with("FillRect 26,32,33,37")) << drawn[1];
 }
 
 // A frame larger than the image is cut at the image's edges: a repaint of the image alone must be able to

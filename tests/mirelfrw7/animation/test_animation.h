@@ -2,6 +2,7 @@
 
 #include <mirelfrw7/animation/animation.h>
 #include <mirelfrw7/animation/animation_process.h>
+#include <mirelfrw7/animation/image.h>
 
 #include <mirel7/painter.h>
 
@@ -54,6 +55,15 @@ public:
     int frames = 0;
     bool updatable = true;
     std::function<void()> onFrame;
+};
+
+// Counts an image's sigAnimationUpdated.
+struct CUpdateCounter : tarnkit2::subscriber_base_t {
+    explicit CUpdateCounter(mirelfrw7::CImage* image) {
+        image->sigAnimationUpdated.connect(this, &CUpdateCounter::Updated);
+    }
+    void Updated(mirelfrw7::CImage*) { ++updates; }
+    int updates = 0;
 };
 
 } // namespace mirel_test

@@ -150,35 +150,30 @@ struct ThreadImage : ::testing::Test {
     mirelfrw7::CImage* image = new mirelfrw7::CImage(fixture.Root(), {32, 32}, mirelfrw7::AlignLeft);
 };
 
+// Frames already posted are dropped when the image dies or its window closes.
 TEST_F(ThreadImage, DestroyingTheImageDropsItsFrames) {
     StartWithFramesInFlight();
     delete image;
-    journal.push_back("image dies");
+    journal.push_back("gone");
     Pump();
-    EXPECT_FALSE(FramesAfter("image dies"));
+    EXPECT_FALSE(FramesAfter("gone"));
 }
 
 TEST_F(ThreadImage, ClosingTheWindowStopsTheAnimation) {
     StartWithFramesInFlight();
     fixture.window->InjectDestroy();
-    journal.push_back("window closes");
+    journal.push_back("gone");
     EXPECT_FALSE(image->IsAnimated());
     Pump();
-    EXPECT_FALSE(FramesAfter("window closes"));
+    EXPECT_FALSE(FramesAfter("gone"));
 }
 
 TEST_F(ThreadImage, FramesRepaintTheImage) {
-    int updates = 0;
-    struct Receiver : tarnkit2::subscriber_base_t {
-        int* count;
-        void Updated(mirelfrw7::CImage*) { ++*count; }
-    } receiver;
-    receiver.count = &updates;
-    image->sigAnimationUpdated.connect(&receiver, &Receiver::Updated);
+    mirel_test::CUpdateCounter counter(image);
     StartWithFramesInFlight();
     fixture.Paint();
-    ASSERT_TRUE(PumpUntil(*fixture.window, [&] { return updates > 0; }));
-    EXPECT_EQ(updates, animation->frame);
+    ASSERT_TRUE(PumpUntil(*fixture.window, [&] { return counter.updates > 0; }));
+    EXPECT_EQ(counter.updates, animation->frame);
     EXPECT_TRUE(fixture.window->IsPaintPending());
 }
 
