@@ -45,18 +45,4 @@ TEST(Color, ComponentsDefaultsWordsAndEquality) {
     EXPECT_NE(_color(255, 255, 255).ToWord(), 0xFFFFFFFFu) << "white must not read as no colour";
 }
 
-TEST(DrawingRecords, DefaultsAndFieldOrder) {
-    pen const p;
-    EXPECT_EQ(p.width, 1);
-    EXPECT_EQ(p.style, pen::Solid);
-    EXPECT_EQ(brush().style, brush::Solid);
-    font const f;
-    EXPECT_EQ(f.family, font::FamilyNotSet);
-    EXPECT_EQ(f.scale, 1.0);
-
-    fontmetrics const m{10, 1, 3, 5, 9, 2};
-    EXPECT_EQ(m.ascent + m.descent + m.externalLeading, 15);
-    EXPECT_EQ(m.averageWidth, 5);
-}
-
 } // namespace

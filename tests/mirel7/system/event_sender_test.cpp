@@ -48,13 +48,10 @@ TEST_F(EventSender, SendsInSubscriptionOrderAndOnlyToTheInterfaceSubscribed) {
     CFocusEvent f;
     sender.Fire(&IFocusNotify::OnGetFocus, &f);
     EXPECT_EQ(log, (std::vector<std::string>{"c1", "a1", "b1", "b+"}));
-}
-
-TEST_F(EventSender, RefusesInterfacesItDoesNotSend) {
     struct CTimerLog : CSubscriber<ITimerNotify> {
         void OnTimer(CTimerEvent*) override {}
     } timerLog;
-    EXPECT_FALSE(sender.Subscribe<ITimerNotify>(&timerLog));
+    EXPECT_FALSE(sender.Subscribe<ITimerNotify>(&timerLog)) << "an interface it does not send";
     EXPECT_EQ(sender.GetSubscribersCount(typeid(ITimerNotify)), 0);
 }
 
@@ -99,37 +96,27 @@ TEST_F(EventSender, EitherSideMayDieFirst) {
         << "a left the living one when it died";
 }
 
-TEST_F(EventSender, UnsubscribingAnObjectEndsAllItsSubscriptions) {
-    CLog a(log, "a");
-    sender.Subscribe<ICustomEventNotify>(&a);
-    sender.Subscribe<IFocusNotify>(&a);
-    EXPECT_TRUE(sender.IsSubscribed(&a, typeid(IFocusNotify)));
-    sender.Unsubscribe(static_cast<INotify*>(&a));
-    EXPECT_FALSE(sender.IsSubscribed(&a, typeid(IFocusNotify)));
-    EXPECT_FALSE(sender.IsSubscribed(&a, typeid(ICustomEventNotify)));
-}
-
-TEST_F(EventSender, StoppedSendingSendsNothingAndCanStopMidway) {
+// Sent in reverse when asked; a stopped sending sends nothing and can stop midway; unsubscribing an object
+// ends all its subscriptions.
+TEST_F(EventSender, ReverseStopAndUnsubscribe) {
     CLog a(log, "a"), b(log, "b");
     sender.Subscribe<ICustomEventNotify>(&a);
     sender.Subscribe<ICustomEventNotify>(&b);
+    sender.Subscribe<IFocusNotify>(&a);
+    CCustomEvent e(3);
+    sender.FireEvent(
+        typeid(ICustomEventNotify),
+        [&](INotify* n) { dynamic_cast<ICustomEventNotify*>(n)->OnCustomEvent(&e); }, true);
     sender.StopEventSending(true);
     Send(1);
     sender.StopEventSending(false);
     a.action = [&] { sender.StopEventSending(true); };
     Send(2);
-    EXPECT_EQ(log, (std::vector<std::string>{"a2"}));
-}
-
-TEST_F(EventSender, SendsInReverseWhenAsked) {
-    CLog a(log, "a"), b(log, "b");
-    sender.Subscribe<ICustomEventNotify>(&a);
-    sender.Subscribe<ICustomEventNotify>(&b);
-    CCustomEvent e(3);
-    sender.FireEvent(
-        typeid(ICustomEventNotify),
-        [&](INotify* n) { dynamic_cast<ICustomEventNotify*>(n)->OnCustomEvent(&e); }, true);
-    EXPECT_EQ(log, (std::vector<std::string>{"b3", "a3"}));
+    EXPECT_EQ(log, (std::vector<std::string>{"b3", "a3", "a2"}));
+    sender.Unsubscribe(static_cast<INotify*>(&a));
+    EXPECT_FALSE(sender.IsSubscribed(&a, typeid(IFocusNotify)));
+    EXPECT_FALSE(sender.IsSubscribed(&a, typeid(ICustomEventNotify)));
+    EXPECT_TRUE(sender.IsSubscribed(&b, typeid(ICustomEventNotify)));
 }
 
 TEST(DefaultSenderList, SendsTheWindowInterfacesButNotTimers) {

@@ -29,8 +29,10 @@ TEST(CurrentSystem, ASystemInstallsItselfAndLeavesWhenItDies) {
     EXPECT_EQ(GetCurrentSystem(), nullptr);
 }
 
-TEST(HeadlessSystem, CursorClipboardAndScaledMetrics) {
+TEST(HeadlessSystem, CursorClipboardLocksAndScaledMetrics) {
     CHeadlessSystem system;
+    EXPECT_EQ(GetDPIAutoScale() & 1, 1) << "on by default";
+    EXPECT_TRUE(system.CreateLock().counted());
     system.SetCursorPosition({120, 80});
     EXPECT_EQ(system.GetCursorState()->GetPosition(), (point<int>{120, 80}));
     system.GetClipboard()->SetText("copied");
@@ -70,23 +72,6 @@ TEST(DefaultPalette, HasEveryRoleButNone) {
     };
     EXPECT_GT(brightness(ISysPalette::ColorLight), brightness(ISysPalette::ColorElementBackground))
         << "a raised edge shows against the face";
-}
-
-TEST(DPIAutoScale, IsOnByDefaultAndSettable) {
-    EXPECT_EQ(GetDPIAutoScale() & 1, 1);
-    SetDPIAutoScale(0);
-    EXPECT_EQ(GetDPIAutoScale(), 0);
-    SetDPIAutoScale(1);
-}
-
-TEST(HeadlessSystem, MakesLocksThatGuardValues) {
-    CHeadlessSystem system;
-    mirel_ptr<ILock> lock = system.CreateLock();
-    ASSERT_TRUE(lock);
-    EXPECT_TRUE(lock.counted());
-    LockedValue<int> value(lock, 3);
-    value.Set(value.Get() + 1);
-    EXPECT_EQ(value.Get(), 4);
 }
 
 } // namespace
