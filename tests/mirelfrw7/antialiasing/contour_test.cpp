@@ -10,17 +10,13 @@ namespace {
 
 using namespace antialiasing;
 using mirel_test::CMapContext;
+using mirel_test::CoverageAt;
 
 // The contour of its samples only: nothing generates a shape.
 struct CSamples : CContour {
     using CContour::CContour;
     void Generate(CContour*, CContour*) override {}
 };
-
-std::uint32_t CoverageAt(CContour const& contour, int x, int y) {
-    auto const it = contour.m_contour.find({x, y});
-    return it == contour.m_contour.end() ? 0 : it->second.a;
-}
 
 TEST(Contour, SpreadsASampleByTheDistanceLaw) {
     struct SCase {

@@ -1,6 +1,7 @@
 #include <mirelfrw7/antialiasing/cacheable_line_contour.h>
 #include <mirelfrw7/antialiasing/line_contour.h>
 
+#include "mirelfrw7/antialiasing/map_context.h"
 #include "support/assert_capture.h"
 
 #include <gtest/gtest.h>
@@ -12,11 +13,7 @@
 namespace {
 
 using namespace antialiasing;
-
-std::uint32_t CoverageAt(CContour const& contour, int x, int y) {
-    auto const it = contour.m_contour.find({x, y});
-    return it == contour.m_contour.end() ? 0 : it->second.a;
-}
+using mirel_test::CoverageAt;
 
 // A horizontal line of width 1 along row 5 from x = 0 to 10, at the weight DrawLine gives an opaque pen.
 CLineContour RowLine(int dash) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <mirelfrw7/antialiasing/contour.h>
 #include <mirelfrw7/core/drawing_context.h>
 
 #include <map>
@@ -30,5 +31,11 @@ public:
     std::map<std::pair<long, long>, unsigned long> pixels;
     std::vector<SWrite> writes;
 };
+
+// The coverage a contour holds for a pixel, 0 where it holds none.
+inline std::uint32_t CoverageAt(antialiasing::CContour const& contour, int x, int y) {
+    auto const it = contour.m_contour.find({x, y});
+    return it == contour.m_contour.end() ? 0 : it->second.a;
+}
 
 } // namespace mirel_test
