@@ -12,37 +12,40 @@ IPainter::CoordInfo Element(double left, double top, double width, double height
     return IPainter::CoordInfo::Mapping(left, top, width, height, x, y, cx, cy);
 }
 
-TEST(CoordMapping, DeviceModeIsIdentityWhateverTheRecordSays) {
-    CCoordMapping mapping;
-    IPainter::CoordInfo const info = Element(5, 5, 10, 10, 100, 100, 20, 20);
-    mapping.Set(IPainter::MapDevice, &info);
-    EXPECT_EQ(mapping.ToDevice({3, 4}, false), (point<double>{3, 4}));
-    EXPECT_EQ(mapping.Info(), info) << "kept to be read back";
-    mapping.Set(IPainter::MapDevice, nullptr);
-    EXPECT_EQ(mapping.ToLogical({3, 4}, false), (point<double>{3, 4}));
-}
-
-TEST(CoordMapping, ElementModeScalesShiftsAndFlips) {
-    CCoordMapping mapping;
+// Device mode is the identity whatever the record says; element mode scales, shifts and flips, a distance
+// leaving origins out; zero extents mean scale one, never a division.
+TEST(CoordMapping, ToDeviceAndBack) {
     // Logical 100..300 over device 10..110 in x; y flipped: logical 0 at device row 50, growing upwards.
-    IPainter::CoordInfo const info = Element(100, 0, 200, 40, 10, 50, 100, -40);
-    mapping.Set(IPainter::MapElement, &info);
-    EXPECT_EQ(mapping.ToDevice({100, 0}, false), (point<double>{10, 50}));
-    EXPECT_EQ(mapping.ToDevice({300, 40}, false), (point<double>{110, 10}));
-    EXPECT_EQ(mapping.ToDevice({20, 10}, true), (point<double>{10, -10})) << "a distance leaves origins out";
-    EXPECT_EQ(mapping.ToLogical({60, 30}, false), (point<double>{200, 20}));
+    IPainter::CoordInfo const flip = Element(100, 0, 200, 40, 10, 50, 100, -40);
+    IPainter::CoordInfo const zero = Element(10, 20, 0, 50, 100, 200, 30, 0);
+    IPainter::CoordInfo const other = Element(5, 5, 10, 10, 100, 100, 20, 20);
+    struct SCase {
+        IPainter::MapMode mode;
+        IPainter::CoordInfo const* info;
+        point<double> logical;
+        bool distance;
+        point<double> device;
+    } const cases[] = {
+        {IPainter::MapDevice, &other, {3, 4}, false, {3, 4}},
+        {IPainter::MapDevice, nullptr, {3, 4}, false, {3, 4}},
+        {IPainter::MapElement, &flip, {100, 0}, false, {10, 50}},
+        {IPainter::MapElement, &flip, {300, 40}, false, {110, 10}},
+        {IPainter::MapElement, &flip, {200, 20}, false, {60, 30}},
+        {IPainter::MapElement, &flip, {20, 10}, true, {10, -10}},
+        {IPainter::MapElement, &zero, {15, 25}, false, {105, 205}},
+        {IPainter::MapElement, nullptr, {7, 8}, false, {7, 8}},
+    };
+    for (SCase const& c : cases) {
+        CCoordMapping mapping;
+        mapping.Set(c.mode, c.info);
+        EXPECT_EQ(mapping.ToDevice(c.logical, c.distance), c.device) << "row " << &c - cases;
+        EXPECT_EQ(mapping.ToLogical(c.device, c.distance), c.logical) << "row " << &c - cases;
+        if (c.info) EXPECT_EQ(mapping.Info(), *c.info);
+    }
+    CCoordMapping mapping;
+    mapping.Set(IPainter::MapElement, &flip);
     EXPECT_EQ(mapping.ScaleX(), 0.5);
     EXPECT_EQ(mapping.ScaleY(), -1);
-}
-
-TEST(CoordMapping, ZeroExtentsMeanScaleOneNeverADivision) {
-    CCoordMapping mapping;
-    IPainter::CoordInfo const info = Element(10, 20, 0, 50, 100, 200, 30, 0);
-    mapping.Set(IPainter::MapElement, &info);
-    EXPECT_EQ(mapping.ToDevice({15, 25}, false), (point<double>{105, 205}));
-    EXPECT_EQ(mapping.ToLogical({105, 205}, false), (point<double>{15, 25}));
-    mapping.Set(IPainter::MapElement, nullptr);
-    EXPECT_EQ(mapping.ToDevice({7, 8}, false), (point<double>{7, 8}));
 }
 
 TEST(CoordMapping, RoundTripsThroughThePainterAreExact) {

@@ -60,95 +60,75 @@ TEST(RemoveLinks, StripsTagsAndDecodesEntitiesLeavingTheRestAsText) {
         EXPECT_EQ(RemoveLinks(c.html), c.plain) << c.html;
 }
 
-struct SLayoutCase {
-    char const* name;
+struct SLayout {
     char const* text;
     rectangle<double> rect;
     int flags;
-    Strings drawn;
-    std::vector<SLink> links;
     size<double> taken;
 };
 
 TEST(HTMLTextFormatter, LaysOutRunsOfOneStyleAndReportsLinkRectangles) {
     // The recording painter's font: 8 pixels a character, 16 a line; the default link colour is #0066cc.
-    SLayoutCase const cases[] = {
-        {"one line",
-         "Go <a href=\"http://x\">here</a> now.",
-         {10, 20, 109, 99},
-         TopLeft,
+    struct SLayoutCase {
+        SLayout in;
+        Strings drawn;
+        std::vector<SLink> links;
+    } const cases[] = {
+        {{"Go <a href=\"http://x\">here</a> now.", {10, 20, 109, 99}, TopLeft, {96, 16}},
          {"DrawString \"Go \" 10,20,34,36 flags=0x9 color=#000000 at=10,20,34,36",
           "DrawString \"here\" 34,20,66,36 flags=0x9 color=#0066cc at=34,20,66,36",
           "DrawString \" now.\" 66,20,106,36 flags=0x9 color=#000000 at=66,20,106,36"},
-         {{"http://x", {34, 20, 66, 36}}},
-         {96, 16}},
-        {"wrapped and centred",
-         "Go <a href=\"http://x\">here</a> now.",
-         {0, 0, 40, 99},
-         IPainter::AlignHCenter,
+         {{"http://x", {34, 20, 66, 36}}}},
+        // Wrapped and centred.
+        {{"Go <a href=\"http://x\">here</a> now.", {0, 0, 40, 99}, IPainter::AlignHCenter, {32, 48}},
          {"DrawString \"Go\" 12,0,28,16 flags=0x9 color=#000000 at=12,0,28,16",
           "DrawString \"here\" 4,16,36,32 flags=0x9 color=#0066cc at=4,16,36,32",
           "DrawString \"now.\" 4,32,36,48 flags=0x9 color=#000000 at=4,32,36,48"},
-         {{"http://x", {4, 16, 36, 32}}},
-         {32, 48}},
-        {"a link over two lines",
-         "<a href=\"L\">aa bb</a>",
-         {0, 0, 20, 99},
-         TopLeft,
+         {{"http://x", {4, 16, 36, 32}}}},
+        // A link over two lines.
+        {{"<a href=\"L\">aa bb</a>", {0, 0, 20, 99}, TopLeft, {16, 32}},
          {"DrawString \"aa\" 0,0,16,16 flags=0x9 color=#0066cc at=0,0,16,16",
           "DrawString \"bb\" 0,16,16,32 flags=0x9 color=#0066cc at=0,16,16,32"},
-         {{"L", {0, 0, 16, 16}}, {"L", {0, 16, 16, 32}}},
-         {16, 32}},
-        {"nested links replace each other",
-         "<a href=a>x <a href=b>y</a> z</a>",
-         {0, 0, 200, 99},
-         TopLeft,
+         {{"L", {0, 0, 16, 16}}, {"L", {0, 16, 16, 32}}}},
+        // Nested links replace each other.
+        {{"<a href=a>x <a href=b>y</a> z</a>", {0, 0, 200, 99}, TopLeft, {40, 16}},
          {"DrawString \"x \" 0,0,16,16 flags=0x9 color=#0066cc at=0,0,16,16",
           "DrawString \"y\" 16,0,24,16 flags=0x9 color=#0066cc at=16,0,24,16",
           "DrawString \" z\" 24,0,40,16 flags=0x9 color=#000000 at=24,0,40,16"},
-         {{"a", {0, 0, 16, 16}}, {"b", {16, 0, 24, 16}}},
-         {40, 16}},
-        {"styles, colours, breaks and entities",
-         "<b>B</b><i>I</i><u>U</u><font color=\"#FF0000\">R&amp;</font><br>&lt;p&gt;\nx",
-         {0, 0, 200, 99},
-         TopLeft,
+         {{"a", {0, 0, 16, 16}}, {"b", {16, 0, 24, 16}}}},
+        // Styles, colours, breaks and entities.
+        {{"<b>B</b><i>I</i><u>U</u><font color=\"#FF0000\">R&amp;</font><br>&lt;p&gt;\nx",
+          {0, 0, 200, 99},
+          TopLeft,
+          {40, 48}},
          {"DrawString \"B\" 0,0,8,16 flags=0x9 color=#000000 at=0,0,8,16",
           "DrawString \"I\" 8,0,16,16 flags=0x9 color=#000000 at=8,0,16,16",
           "DrawString \"U\" 16,0,24,16 flags=0x9 color=#000000 at=16,0,24,16",
           "DrawString \"R&\" 24,0,40,16 flags=0x9 color=#ff0000 at=24,0,40,16",
           "DrawString \"<p>\" 0,16,24,32 flags=0x9 color=#000000 at=0,16,24,32",
           "DrawString \"x\" 0,32,8,48 flags=0x9 color=#000000 at=0,32,8,48"},
-         {},
-         {40, 48}},
-        {"clipped to the rectangle",
-         "abcdefgh ij",
-         {0, 0, 39, 20},
-         TopLeft | IPainter::ClipToRect,
+         {}},
+        // Clipped to the rectangle.
+        {{"abcdefgh ij", {0, 0, 39, 20}, TopLeft | IPainter::ClipToRect, {64, 32}},
          {"DrawString \"abcdefgh\" 0,0,39,16 flags=0x109 color=#000000 at=0,0,64,16 overflows",
           "DrawString \"ij\" 0,16,16,20 flags=0x109 color=#000000 at=0,16,16,32 overflows"},
-         {},
-         {64, 32}},
-        {"measured only",
-         "<a href=x>link</a> text",
-         {0, 0, 200, 99},
-         TopLeft | IPainter::MeasureOnly,
-         {},
-         {},
-         {72, 16}},
+         {}},
+        // Measured only.
+        {{"<a href=x>link</a> text", {0, 0, 200, 99}, TopLeft | IPainter::MeasureOnly, {72, 16}}, {}, {}},
     };
     for (SLayoutCase const& c : cases) {
-        SCOPED_TRACE(c.name);
+        SCOPED_TRACE(c.in.text);
         CRecordingPainter painter({300, 200});
         painter.SetTextColor(_color(0, 0, 0));
         CLinkJournal formatter;
         size<double> const taken =
-            painter.DrawStringEx(c.rect, c.text, c.flags, -1, HTMLDelimiters, &formatter);
+            painter.DrawStringEx(c.in.rect, c.in.text, c.in.flags, -1, HTMLDelimiters, &formatter);
         EXPECT_EQ(painter.Lines({"DrawString", "DrawStringEx"}), c.drawn);
         EXPECT_EQ(formatter.links, c.links);
-        EXPECT_EQ(taken, c.taken);
+        EXPECT_EQ(taken, c.in.taken);
         EXPECT_EQ(painter.GetFont(), font{}) << "the painter's font comes back";
         EXPECT_EQ(painter.GetTextColor(), _color(0, 0, 0));
-        EXPECT_EQ(painter.GetElementFlag(), (c.flags & IPainter::ClipToRect) ? 1 : 0);
+        EXPECT_EQ(painter.GetElementFlag(), (c.in.flags & IPainter::ClipToRect) ? 1 : 0);
     }
 }
 
