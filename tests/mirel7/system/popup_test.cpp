@@ -32,9 +32,8 @@ TEST(PlacePopup, BelowTheAnchorElseAboveAndAlwaysOnTheScreen) {
     };
     for (auto const& c : cases)
         EXPECT_EQ(PlacePopup(c.popup, c.anchor, c.area), c.at) << c.anchor.left << "," << c.anchor.top;
-}
 
-TEST(PositionPopup, MovesThePopupOnItsWorkArea) {
+    // A popup is moved on its own work area.
     struct CProbePopup : IPopup {
         size<int> GetPopupSize() const override { return {100, 50}; }
         void MovePopup(point<int> const& p) override { at = p; }
