@@ -40,7 +40,9 @@ TEST(CoordMapping, ToDeviceAndBack) {
         mapping.Set(c.mode, c.info);
         EXPECT_EQ(mapping.ToDevice(c.logical, c.distance), c.device) << "row " << &c - cases;
         EXPECT_EQ(mapping.ToLogical(c.device, c.distance), c.logical) << "row " << &c - cases;
-        if (c.info) EXPECT_EQ(mapping.Info(), *c.info);
+        if (c.info) {
+            EXPECT_EQ(mapping.Info(), *c.info);
+        }
     }
     CCoordMapping mapping;
     mapping.Set(IPainter::MapElement, &flip);

@@ -187,7 +187,9 @@ TEST_F(Label, PlacesTextAndImage) {
         int const hit = LabelHitTest({c.in.result.left - 10.5, (c.in.result.top + c.in.result.bottom) / 2.0},
                                      &painter, c.in.rect, c.in.text, c.in.flags, 4, list, c.in.index,
                                      edge.get(), delimiters, nullptr);
-        if (!list) EXPECT_NE(hit, LabelHitImage);
+        if (!list) {
+            EXPECT_NE(hit, LabelHitImage);
+        }
         ExpectFontBack(c.in.convert);
     }
 }
