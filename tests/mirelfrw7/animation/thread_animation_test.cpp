@@ -10,6 +10,8 @@
 
 #include <algorithm>
 #include <chrono>
+#include <functional>
+#include <map>
 #include <string>
 #include <thread>
 #include <vector>
@@ -78,24 +80,13 @@ TEST_F(ThreadAnimation, StartWaitsForAnimationAndSynchronizer) {
     };
     for (auto const& script : scripts) {
         mirel_ptr<CThreadAnimationProcess> const p = new CThreadAnimationProcess;
+        std::map<char, std::function<void()>> const act = {{'a', [&] { p->SetAnimation(animation.get()); }},
+                                                           {'s', [&] { p->SetProcessSynchronizer(&queue); }},
+                                                           {'0', [&] { p->SetProcessSynchronizer(nullptr); }},
+                                                           {'g', [&] { p->StartAnimation(); }},
+                                                           {'x', [&] { p->StopAnimation(); }}};
         for (Step const& step : script) {
-            switch (step.what) {
-            case 'a':
-                p->SetAnimation(animation.get());
-                break;
-            case 's':
-                p->SetProcessSynchronizer(&queue);
-                break;
-            case '0':
-                p->SetProcessSynchronizer(nullptr);
-                break;
-            case 'g':
-                p->StartAnimation();
-                break;
-            case 'x':
-                p->StopAnimation();
-                break;
-            }
+            act.at(step.what)();
             EXPECT_EQ(p->IsAnimated(), step.animated) << step.what;
         }
         p->StopAnimation();
