@@ -158,10 +158,12 @@ TEST_F(ScrollBox, WithoutScrollPixelsTheModelAndTheBarMoveButNotTheContent) {
     for (bool pixels : {true, false}) {
         box->SetScrollPixels(pixels);
         double const start = pixels ? 40 : 80;
+        int const paints = pane->paints;
         box->GetWrappedVertScroll()->SetStart(start);
+        fixture.Paint();
         EXPECT_EQ(pane->vert.start, start);
         EXPECT_EQ(Bar(true)->GetPos(), start);
-        EXPECT_EQ(fixture.Paint(), pixels);
+        EXPECT_EQ(pane->paints > paints, pixels);
     }
 }
 

@@ -8,6 +8,8 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
+#include <string>
+#include <vector>
 
 namespace {
 
@@ -77,6 +79,15 @@ TEST_F(ScrollContainer, NoContentResetsBothStartsAndHidesTheBars) {
     box->SetScrolled(content);
     EXPECT_EQ(content->GetPosition().top, 0);
     EXPECT_EQ(content->GetPosition().left, 0);
+}
+
+// The part paints what changed inside it, within its own clip, and nothing of itself.
+TEST_F(ScrollContainer, AChangeInsideRepaintsOnlyWhatChangedWithinThePart) {
+    fixture.Recorder()->Clear();
+    content->GetChildren()->GetItem(0)->Update(UpdateLocal);
+    fixture.Paint();
+    EXPECT_EQ(fixture.Recorder()->Lines({"SetClipRect", "FillRect"}),
+              (std::vector<std::string>{"SetClipRect 0,0,183,83", "FillRect 10,10,40,30 brush=#005afa"}));
 }
 
 TEST(ScrollContainerPaint, TheContentNeverSpillsOverTheBoxsNeighbours) {
