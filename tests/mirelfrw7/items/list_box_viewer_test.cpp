@@ -113,7 +113,8 @@ TEST(ListBoxViewerRepaint, IncrementalPaintsEqualAFullPaintOverScrollsBothWays) 
             window.InjectMouseMove(mirel_test::Uniform(random, 0, 140), mirel_test::Uniform(random, 0, 100));
             break;
         default:
-            static_cast<CListBoxViewer*>(box->GetCentralPane())->SetCurrentItem(mirel_test::Uniform(random, 0, 39));
+            static_cast<CListBoxViewer*>(box->GetCentralPane())
+                ->SetCurrentItem(mirel_test::Uniform(random, 0, 39));
         }
         control.GetImp()->RearrangeInt();
     };
