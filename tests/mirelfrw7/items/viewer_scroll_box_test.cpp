@@ -2,6 +2,7 @@
 #include <mirelfrw7/items/row_viewer.h>
 #include <mirelfrw7/scroll/scroll_box.h>
 
+#include "state_fill.h"
 #include "support/control_fixture.h"
 #include "support/repaint_property.h"
 
@@ -14,22 +15,8 @@ namespace {
 
 using namespace mirelfrw7;
 using D = IDiscreteItemViewModel;
+using mirel_test::FillItemState;
 using mirel_test::Uniform;
-
-// A colour per item and state, drawn only where the models say the item changed, so that wrong dirty
-// tracking under the box's scrolling leaves stale pixels. `log`, when given, journals each cell.
-void Fill(IPainter* painter, int a, int b, int state, rectangle<double> const& r, IDirtyItemSet::DirtyType d,
-          std::vector<std::string>* log = nullptr) {
-    if (log)
-        log->push_back(std::to_string(a) + "/" + std::to_string(b) + " " + std::to_string(int(r.left)) + "," +
-                       std::to_string(int(r.top)));
-    if (d == IDirtyItemSet::CleanItem) return;
-    brush fill;
-    fill.style = brush::Solid;
-    fill.color = _color((a * 37 + b * 11) % 200, state * 80, (a + b) % 2 ? 220 : 120, 255);
-    painter->SetBrush(fill);
-    painter->FillRect(r);
-}
 
 // 15-pixel rows and 50-pixel columns.
 struct CGrid : CGridViewer<D, D> {
@@ -43,7 +30,10 @@ struct CGrid : CGridViewer<D, D> {
     }
     void DrawCell(IPainter* p, int row, int, int column, int, int state, rectangle<double> const& r,
                   IDirtyItemSet::DirtyType d) override {
-        Fill(p, row, column, state, r, d, log);
+        if (log)
+            log->push_back(std::to_string(row) + "/" + std::to_string(column) + " " +
+                           std::to_string(int(r.left)) + "," + std::to_string(int(r.top)));
+        FillItemState(p, row, column, state, r, d);
     }
     std::vector<std::string>* log = nullptr;
 };
@@ -56,7 +46,7 @@ struct CList : CRowViewer<D> {
     }
     void DrawRow(IPainter* p, int row, int, int state, rectangle<double> const& r,
                  IDirtyItemSet::DirtyType d) override {
-        Fill(p, row, 0, state, r, d);
+        FillItemState(p, row, 0, state, r, d);
     }
 };
 
