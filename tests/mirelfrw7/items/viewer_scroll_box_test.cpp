@@ -116,6 +116,12 @@ TEST_F(ViewerInScrollBox, WheelKeysAndClicksMoveTheModelsAndTheBars) {
     EXPECT_EQ(selection->GetCurrent(), 999);
     // The start is a whole row: the last one shows whole at the bottom.
     EXPECT_EQ(box->GetVertBar()->GetPos(), (1000 - page / 15) * 15);
+    // Enlarged at the end, the rows move back so that the last stays at the bottom, and the bar follows.
+    f.window->InjectResize(200, 200);
+    f.Paint();
+    int const bigger = grid->GetBounds().Height();
+    EXPECT_EQ(rows->GetStartItem(), 1000 - bigger / 15);
+    EXPECT_EQ(box->GetVertBar()->GetPos(), (1000 - bigger / 15) * 15);
     for (int i = 0; i < 8; ++i)
         f.window->InjectKeyDown(mirel7::KeyRight);
     f.Paint();
