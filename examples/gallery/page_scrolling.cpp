@@ -1,16 +1,13 @@
-// Scrolling: ten million rows, one in a hundred a taller section row, under twelve columns of mixed widths.
-// The wheel, the arrow keys, PageUp/PageDown and Home/End scroll the rows (click the list first), Shift with
-// the wheel or Left/Right the columns. The header draws in the logical coordinates of the column model and
-// follows it; holding the button down near either end of the header scrolls the columns, faster and faster.
+// Scrolling: a grid viewer of ten million rows in a scroll box, one row in a hundred a taller section row,
+// under thirty columns of mixed widths. The bars, the wheel (three rows a notch) and the keys scroll; a click
+// selects a row and makes its cell current, Shift+click and Ctrl+click extend the selection, Ctrl+A selects
+// all of it. The status line tells the visible rows, the current cell and how many rows are selected.
 #include "gallery.h"
 
-#include <mirelfrw7/items/default_column_view_model.h>
-#include <mirelfrw7/items/default_discrete_item_view_model.h>
+#include <mirelfrw7/core/clip_holder.h>
+#include <mirelfrw7/items/grid_viewer.h>
 #include <mirelfrw7/items/item_utils.h>
-#include <mirelfrw7/scroll/continuous_item_scroll_model.h>
-#include <mirelfrw7/scroll/discrete_item_scroll_model.h>
-#include <mirelfrw7/scroll/scroll_timer.h>
-#include <mirelfrw7/scroll/scrollable_element_ex.h>
+#include <mirelfrw7/scroll/scroll_box.h>
 
 #include <cstdint>
 #include <string>
@@ -20,10 +17,13 @@ namespace gallery {
 namespace {
 using mirel7::_color;
 using namespace mirelfrw7;
+using D = IDiscreteItemViewModel;
 
-constexpr int RowCount = 10000000;
+constexpr int RowCount = 10'000'000;
 constexpr int SectionEvery = 100;
-constexpr int ColumnCount = 12;
+constexpr int SectionHeight = 34;
+constexpr int ColumnCount = 30;
+constexpr int Widths[] = {96, 84, 120, 88, 140, 100};
 
 // 1234567 -> "1,234,567".
 std::string Grouped(std::int64_t value) {
@@ -45,217 +45,143 @@ std::string CellText(int row, int column) {
     return Grouped(h % 100000) + "." + std::to_string(h % 10);
 }
 
-void Fill(IPainter* painter, _color color, double left, double top, double right, double bottom) {
-    mirel7::brush b;
+void Fill(IPainter* painter, _color color, rectangle<double> const& r) {
+    brush b;
+    b.style = brush::Solid;
     b.color = color;
     painter->SetBrush(b);
-    painter->FillRect(left, top, right, bottom);
+    painter->FillRect(r);
 }
 
-// The rows and columns of the page, painted whole on every change: only the visible cells are visited, so a
-// repaint costs the same at row 10 as at row 9,999,990.
-class CGrid : public CScrollableElement {
+bool IsSection(int row) {
+    return row % SectionEvery == 0;
+}
+
+// The application's data is made up as it is painted: the viewer holds none of it.
+class CScrollingGrid : public CGridViewer<D, D> {
 public:
-    explicit CGrid(CVisualElement* parent) : CScrollableElement(parent, {0, 0}, AlignClient) {
-        m_rows.SetCount(RowCount);
+    explicit CScrollingGrid(CVisualElement* parent) : CGridViewer(parent, {0, 0}, AlignClient) {
+        D* const rows = GetRowViewModel();
+        rows->SetCount(RowCount);
         for (int row = 0; row < RowCount; row += SectionEvery)
-            m_rows.SetItemSize(row, 34);
-        m_columns.SetCount(ColumnCount);
-        m_columns.SetItemSize(0, 110);
-        m_columns.SetItemSize(3, 140);
-        m_columns.SetItemSize(7, 84);
-        m_rows.sigModelChanged.connect(this, &CGrid::OnModelChanged);
-        m_rows.sigItemsScrolled.connect(this, &CGrid::OnItemsScrolled);
-        m_columns.sigModelChanged.connect(this, &CGrid::OnModelChanged);
-        m_columns.sigItemsScrolled.connect(this, &CGrid::OnItemsScrolled);
-        SetVertScroll(&m_rowScroll);
-        SetHorzScroll(&m_columnScroll);
-        SetCentralPane(this);
-        SetFocusable(true);
-    }
-    CDefaultDiscreteItemViewModel& Rows() { return m_rows; }
-    CDefaultColumnViewModel& Columns() { return m_columns; }
-    // Called whenever the models changed, after this element was told.
-    tarnkit2::signal_t<> sigChanged;
-
-    void SetPos(rectangle<int> const& newRect, bool force) override {
-        CScrollableElement::SetPos(newRect, force);
-        rectangle<int> const r = GetContentRect();
-        m_rows.SetViewSize(r.Height(), false);
-        m_columns.SetViewSize(r.Width(), false);
+            rows->SetItemSize(row, SectionHeight);
+        D* const columns = GetColumnViewModel();
+        columns->SetCount(ColumnCount);
+        for (int column = 0; column < ColumnCount; ++column)
+            columns->SetItemSize(column, Widths[column % std::size(Widths)]);
+        // Whole columns are never selected: the column axis only says which cell is current.
+        GetColumnHandler().SetSelectionType(CEventHandlerBase::SelectNoItems);
     }
 
-    void DrawContent(IPainter* painter) override {
-        rectangle<int> const r = GetContentRect();
-        Fill(painter, _color(250, 250, 250), r.left, r.top, r.right, r.bottom);
-        int const firstColumn = Utils::HitTest(m_columns, 0);
-        int y = r.top;
-        for (int row = m_rows.GetStartItem(); row < m_rows.GetCount() && y <= r.bottom; ++row) {
-            int const height = m_rows.GetItemSize(row);
-            bool const section = row % SectionEvery == 0;
-            _color const shade = section   ? _color(214, 228, 245)
-                                 : row % 2 ? _color(244, 246, 248)
-                                           : _color(255, 255, 255);
-            Fill(painter, shade, r.left, y, r.right, y + height - 1);
-            if (section) {
-                // A section row is one band across every column, its title at the row's start.
-                painter->SetTextColor(_color(20, 60, 120));
-                painter->DrawString(rectangle<double>(r.left + 8, y, r.right - 8, y + height - 1),
-                                    "section " + Grouped(row / SectionEvery + 1) + ": rows " +
-                                        Grouped(row + 1) + " to " + Grouped(row + SectionEvery),
-                                    IPainter::AlignLeft | IPainter::AlignVCenter);
-                y += height;
-                continue;
-            }
-            painter->SetTextColor(_color(40, 44, 52));
-            for (int column = firstColumn; column != -1 && column < m_columns.GetCount(); ++column) {
-                mirel7::range<int> const span = Utils::GetItemIndexRangeEx(m_columns, column, {0, r.Width()});
-                if (span.lower == -1 && span.upper == -1) break;
-                rectangle<double> const cell(span.lower + 6, y, span.upper - 6, y + height - 1);
-                std::string const text = column == 0 ? Grouped(row + 1) : CellText(row, column);
-                int const align = (column == 0 ? IPainter::AlignLeft : IPainter::AlignRight) |
-                                  IPainter::AlignVCenter | IPainter::ClipToRect;
-                painter->DrawString(cell, text, align);
-                Fill(painter, _color(226, 229, 234), span.upper, y, span.upper, y + height - 1);
-            }
-            y += height;
+    void DrawCell(IPainter* painter, int row, int, int column, int, int state, rectangle<double> const& r,
+                  IDirtyItemSet::DirtyType dirty) override {
+        if (dirty == IDirtyItemSet::CleanItem) return;
+        bool const selected = state & IItemPainter::Selected;
+        if (IsSection(row)) {
+            // One band across the columns: each cell draws its piece of the title, placed from the row's
+            // start and clipped to the cell.
+            Fill(painter, selected ? _color(70, 110, 170) : _color(214, 228, 245), r);
+            D const* const columns = GetColumnViewModel();
+            double const rowLeft = r.left - double(columns->GetItemsExtent(columns->GetStartItem(), column));
+            CClipHolder const clip(painter, r);
+            painter->SetTextColor(selected ? _color(255, 255, 255) : _color(20, 60, 120));
+            painter->DrawString(rectangle<double>(rowLeft + 8, r.top, rowLeft + 600, r.bottom),
+                                "section " + Grouped(row / SectionEvery + 1) + ": rows " + Grouped(row + 1) +
+                                    " to " + Grouped(row + SectionEvery),
+                                IPainter::AlignLeft | IPainter::AlignVCenter);
+            return;
         }
-        // Everything was drawn: what the models collected since the last paint is used up.
-        m_rows.OnEndDraw();
-        m_columns.OnEndDraw();
+        Fill(painter,
+             selected  ? _color(52, 101, 164)
+             : row % 2 ? _color(244, 246, 248)
+                       : _color(255, 255, 255),
+             r);
+        painter->SetTextColor(selected ? _color(255, 255, 255) : _color(40, 44, 52));
+        std::string const text = column == 0 ? Grouped(row + 1) : CellText(row, column);
+        painter->DrawString(rectangle<double>(r.left + 5, r.top, r.right - 5, r.bottom), text,
+                            (column == 0 ? IPainter::AlignLeft : IPainter::AlignRight) |
+                                IPainter::AlignVCenter | IPainter::ClipToRect);
+        pen line;
+        line.color = _color(218, 222, 228);
+        painter->SetPen(line);
+        painter->MoveTo(r.right, r.top);
+        painter->LineTo(r.right, r.bottom);
+        if (!(state & IItemPainter::Current)) return;
+        // The current cell: a frame two pixels wide inside it.
+        _color const frame(230, 120, 20);
+        Fill(painter, frame, {r.left, r.top, r.right, r.top + 1});
+        Fill(painter, frame, {r.left, r.bottom - 1, r.right, r.bottom});
+        Fill(painter, frame, {r.left, r.top, r.left + 1, r.bottom});
+        Fill(painter, frame, {r.right - 1, r.top, r.right, r.bottom});
     }
+};
 
-    bool HandleWheel(int, int, int flags, MouseButton, int delta) override {
-        if (flags & mirel7::FlagShift)
-            m_columns.SetOffset(m_columns.GetOffset() - delta / 120 * 40);
-        else
-            m_rows.SetStartItem(m_rows.GetStartItem() - delta / 120 * 3);
-        return true;
-    }
-
-    bool HandleKeyDown(int, int key) override {
-        int const start = m_rows.GetStartItem();
-        int const page = std::max(Utils::GetLastVisibleItem(m_rows) - start, 1);
-        switch (key) {
-        case mirel7::KeyUp:
-            m_rows.SetStartItem(start - 1);
-            return true;
-        case mirel7::KeyDown:
-            m_rows.SetStartItem(start + 1);
-            return true;
-        case mirel7::KeyPageUp:
-            m_rows.SetStartItem(start - page);
-            return true;
-        case mirel7::KeyPageDown:
-            m_rows.SetStartItem(start + page);
-            return true;
-        case mirel7::KeyHome:
-            m_rows.SetStartItem(0);
-            return true;
-        case mirel7::KeyEnd:
-            m_rows.SetStartItem(Utils::CalcMaxStart(m_rows));
-            return true;
-        case mirel7::KeyLeft:
-            m_columns.SetOffset(m_columns.GetOffset() - 40);
-            return true;
-        case mirel7::KeyRight:
-            m_columns.SetOffset(m_columns.GetOffset() + 40);
-            return true;
-        default:
-            return false;
-        }
-    }
-
-    bool HandleButtonDown(int, int, int, MouseButton) override {
-        SetFocus(true);
-        return true;
+// A scroll box whose wheel moves three rows a notch.
+class CGridBox : public CScrollBox {
+public:
+    explicit CGridBox(CVisualElement* parent) : CScrollBox(parent, {0, 0}, AlignClient) {
+        sigWheelStep.connect(this, &CGridBox::ThreeRows);
     }
 
 private:
-    void OnModelChanged() {
-        Update(UpdateLocal);
-        sigChanged();
-    }
-    // The grid repaints whole instead of moving pixels: it says so, and the model marks everything.
-    void OnItemsScrolled(int, int, bool* canScroll) { *canScroll = false; }
-
-    CDefaultDiscreteItemViewModel m_rows;
-    CDefaultColumnViewModel m_columns;
-    CDiscreteItemScrollModel m_rowScroll{&m_rows};
-    CContinuousItemScrollModel m_columnScroll{&m_columns};
+    void ThreeRows(CVisualElement*, int& step) { step = 3; }
 };
 
-// Column titles over the grid, drawn in the column model's own units: the strip's mapping places them.
-class CColumnHeader : public CScrollableElementEx {
+// Column titles that follow the grid's columns through the box's horizontal model.
+class CColumnTitles : public CScrollableElement {
 public:
-    CColumnHeader(CVisualElement* parent, CGrid* grid)
-        : CScrollableElementEx(parent, {0, 26}, AlignTop), m_grid(grid) {
-        SetCentralPane(grid);
-        SetHorzScroll(grid->GetHorzScroll());
-        grid->sigChanged.connect(this, &CColumnHeader::OnChanged);
-    }
-
-    void DrawContent(IPainter* painter) override {
-        rectangle<int> const b = GetBounds();
-        Fill(painter, _color(60, 64, 72), b.left, b.top, b.right, b.bottom);
-        SetCoordSystem(painter);
-        // Across, the strip's units grow upwards from the grid.
-        double const height = b.Height();
-        CDefaultColumnViewModel const& columns = m_grid->Columns();
-        painter->SetTextColor(_color(255, 255, 255));
-        int const view = columns.GetViewSize();
-        for (int column = Utils::HitTest(columns, 0); column != -1 && column < columns.GetCount(); ++column) {
-            double const left = Utils::GetItemOffset(columns, column);
-            if (left - columns.GetOffset() > view) break;
-            double const right = left + columns.GetItemSize(column) - 1;
-            Fill(painter, column % 2 ? _color(70, 76, 88) : _color(78, 86, 100), left, 0, right - 1, height);
-            painter->DrawString({left + 6, 0, right - 6, height}, "column " + std::to_string(column + 1),
-                                IPainter::AlignLeft | IPainter::AlignVCenter | IPainter::ClipToRect);
-        }
-    }
-
-    // The outer thirds scroll while the button is held, the step growing from 4 to 32 pixels a tick.
-    bool HandleButtonDown(int x, int, int, MouseButton button) override {
-        if (button != mirel7::ButtonLeft) return false;
-        int const width = GetBounds().Width();
-        if (x > width * 2 / 3)
-            m_timer.Start(true);
-        else if (x < width / 3)
-            m_timer.Start(false);
-        CaptureMouse();
-        return true;
-    }
-    bool HandleButtonUp(int, int, int, MouseButton) override {
-        m_timer.Stop();
-        ReleaseMouse();
-        return true;
-    }
-
-private:
-    void OnChanged() { Update(UpdateLocal); }
-
-    CGrid* m_grid;
-    CScrollTimer m_timer{this, 100, 4, 32, 4, 2};
-};
-
-// Where the view stands, in words.
-class CStatusLine : public CVisualElement {
-public:
-    CStatusLine(CVisualElement* parent, CGrid* grid)
-        : CVisualElement(parent, {0, 22}, AlignBottom), m_grid(grid) {
-        SetBkColor(_color(40, 44, 52));
-        grid->sigChanged.connect(this, &CStatusLine::OnChanged);
+    CColumnTitles(CVisualElement* parent, CScrollingGrid* grid)
+        : CScrollableElement(parent, {0, 24}, AlignTop), m_grid(grid) {
+        SetBkColor(_color(60, 64, 72));
+        grid->GetColumnViewModel()->sigModelChanged.connect(this, &CColumnTitles::OnChanged);
     }
 
     void DrawContent(IPainter* painter) override {
         rectangle<int> const b = GetBounds();
         painter->FillRect(b.left, b.top, b.right, b.bottom);
-        auto& rows = m_grid->Rows();
-        auto& columns = m_grid->Columns();
-        std::string const text = "rows " + Grouped(rows.GetStartItem() + 1) + " to " +
-                                 Grouped(Utils::GetLastVisibleItem(rows) + 1) + " of " +
-                                 Grouped(rows.GetCount()) + "   columns at " + Grouped(columns.GetOffset()) +
-                                 " of " + Grouped(columns.GetFullItemsSize()) + " px";
+        D const* const columns = m_grid->GetColumnViewModel();
+        painter->SetTextColor(_color(255, 255, 255));
+        int x = b.left;
+        for (int column = columns->GetStartItem(); column < columns->GetCount() && x <= b.right; ++column) {
+            int const width = columns->GetItemSize(column);
+            Fill(painter, column % 2 ? _color(70, 76, 88) : _color(78, 86, 100),
+                 rectangle<double>(x, b.top, x + width - 1, b.bottom));
+            painter->DrawString(rectangle<double>(x + 5, b.top, x + width - 5, b.bottom),
+                                "column " + std::to_string(column + 1),
+                                IPainter::AlignLeft | IPainter::AlignVCenter | IPainter::ClipToRect);
+            x += width;
+        }
+    }
+
+private:
+    void OnChanged() { Update(UpdateLocal); }
+
+    CScrollingGrid* m_grid;
+};
+
+// Where the view stands and what is selected, in words.
+class CStatusLine : public CVisualElement {
+public:
+    CStatusLine(CVisualElement* parent, CScrollingGrid* grid)
+        : CVisualElement(parent, {0, 22}, AlignBottom), m_grid(grid) {
+        SetBkColor(_color(40, 44, 52));
+        grid->GetRowViewModel()->sigModelChanged.connect(this, &CStatusLine::OnChanged);
+        grid->GetRowSelectionModel()->sigModelChanged.connect(this, &CStatusLine::OnChanged);
+        grid->GetRowSelectionModel()->sigSelectionChanged.connect(this, &CStatusLine::OnChanged);
+        grid->GetColumnSelectionModel()->sigModelChanged.connect(this, &CStatusLine::OnChanged);
+    }
+
+    void DrawContent(IPainter* painter) override {
+        rectangle<int> const b = GetBounds();
+        painter->FillRect(b.left, b.top, b.right, b.bottom);
+        D const* const rows = m_grid->GetRowViewModel();
+        ISelectionModel const* const selection = m_grid->GetRowSelectionModel();
+        std::string const text = "rows " + Grouped(rows->GetStartItem() + 1) + " to " +
+                                 Grouped(Utils::GetLastVisibleItem(*rows) + 1) + " of " +
+                                 Grouped(rows->GetCount()) + "   cell " +
+                                 Grouped(selection->GetCurrent() + 1) + ":" +
+                                 std::to_string(m_grid->GetColumnSelectionModel()->GetCurrent() + 1) + "   " +
+                                 Grouped(selection->GetSelectedCount()) + " rows selected";
         painter->SetTextColor(_color(230, 230, 230));
         painter->DrawString(rectangle<double>(b.left + 8, b.top, b.right - 8, b.bottom), text,
                             IPainter::AlignLeft | IPainter::AlignVCenter);
@@ -264,17 +190,21 @@ public:
 private:
     void OnChanged() { Update(UpdateLocal); }
 
-    CGrid* m_grid;
+    CScrollingGrid* m_grid;
 };
 } // namespace
 
 void BuildScrollingPage(CVisualElement* host) {
-    auto* grid = new CGrid(host);
+    auto* const box = new CGridBox(host);
+    auto* const grid = new CScrollingGrid(box);
+    box->ConnectElement(grid, CScrollBox::ConnectHorz | CScrollBox::ConnectVert, true);
     new CStatusLine(host, grid);
-    new CColumnHeader(host, grid);
-    // Somewhere in the middle, and the columns a little way in, so that both are cut off at the start.
-    grid->Rows().SetStartItem(4999990);
-    grid->Columns().SetOffset(45);
+    box->ConnectElement(new CColumnTitles(host, grid), CScrollBox::ConnectHorz, false);
+    // Somewhere in the middle, with a few rows selected and a cell current.
+    grid->GetVertScroll()->SetStart(4'999'990);
+    grid->GetRowSelectionModel()->SetSelectionRange(4'999'993, 4'999'995);
+    grid->GetRowSelectionModel()->SetCurrent(4'999'995);
+    grid->GetColumnSelectionModel()->SetCurrent(2);
 }
 
 GALLERY_PAGE(50, "scrolling", BuildScrollingPage)

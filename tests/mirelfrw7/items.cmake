@@ -6,4 +6,5 @@ mirel_test(items_test
           mirelfrw7/items/update_storage_test.cpp mirelfrw7/items/selection_model_test.cpp
           mirelfrw7/items/item_event_handler_test.cpp mirelfrw7/items/viewer_test.cpp
           mirelfrw7/items/viewer_repaint_test.cpp mirelfrw7/items/list_box_viewer_test.cpp
+          mirelfrw7/items/viewer_scroll_box_test.cpp
   LABELS unit)

@@ -16,26 +16,9 @@ constexpr int ScrollStep = 8;
 } // namespace
 
 CContinuousItemEventHandler::CContinuousItemEventHandler()
-    : m_viewModel(std::make_unique<CDefaultColumnViewModel>()) {
-    LinkViewModel(m_viewModel.Get(), true);
-    m_viewModel->sigItemsScrolled.connect(this, &CContinuousItemEventHandler::OnColViewModelScroll);
-}
+    : CItemAxisHandler(std::make_unique<CDefaultColumnViewModel>()) {}
 
 CContinuousItemEventHandler::~CContinuousItemEventHandler() = default;
-
-void CContinuousItemEventHandler::SetViewModel(IContinuousItemViewModel* model) {
-    IContinuousItemViewModel* const old = m_viewModel.Get();
-    m_viewModel.Set(model);
-    if (m_viewModel.Get() == old) return;
-    LinkViewModel(old, false);
-    old->sigItemsScrolled.disconnect(this, &CContinuousItemEventHandler::OnColViewModelScroll);
-    LinkViewModel(m_viewModel.Get(), true);
-    m_viewModel->sigItemsScrolled.connect(this, &CContinuousItemEventHandler::OnColViewModelScroll);
-}
-
-int CContinuousItemEventHandler::GetItemIndex(int x, int y) {
-    return Utils::HitTest(*m_viewModel.Get(), AlongOf(x, y));
-}
 
 bool CContinuousItemEventHandler::ProcessButtonDown(int x, int y, int flags, MouseButton button, bool* stop) {
     if (button != mirel7::ButtonLeft) return false;
@@ -156,12 +139,7 @@ void CContinuousItemEventHandler::ProcessRepeatOperation() {
 }
 
 void CContinuousItemEventHandler::OnColViewModelScroll(int position, int delta, bool* canScroll) {
-    if (!m_viewer || delta == 0) {
-        *canScroll = false;
-        return;
-    }
-    *canScroll = ScrollItems(position, delta);
-    m_viewer->OnChange(m_viewer, UpdateLocal);
+    ItemsScrolled(position, delta, canScroll, true);
 }
 
 } // namespace mirelfrw7

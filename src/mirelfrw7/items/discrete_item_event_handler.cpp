@@ -9,26 +9,9 @@
 namespace mirelfrw7 {
 
 CDiscreteItemEventHandler::CDiscreteItemEventHandler()
-    : m_viewModel(std::make_unique<CDefaultDiscreteItemViewModel>()) {
-    LinkViewModel(m_viewModel.Get(), true);
-    m_viewModel->sigItemsScrolled.connect(this, &CDiscreteItemEventHandler::OnRowViewModelScroll);
-}
+    : CItemAxisHandler(std::make_unique<CDefaultDiscreteItemViewModel>()) {}
 
 CDiscreteItemEventHandler::~CDiscreteItemEventHandler() = default;
-
-void CDiscreteItemEventHandler::SetViewModel(IDiscreteItemViewModel* model) {
-    IDiscreteItemViewModel* const old = m_viewModel.Get();
-    m_viewModel.Set(model);
-    if (m_viewModel.Get() == old) return;
-    LinkViewModel(old, false);
-    old->sigItemsScrolled.disconnect(this, &CDiscreteItemEventHandler::OnRowViewModelScroll);
-    LinkViewModel(m_viewModel.Get(), true);
-    m_viewModel->sigItemsScrolled.connect(this, &CDiscreteItemEventHandler::OnRowViewModelScroll);
-}
-
-int CDiscreteItemEventHandler::GetItemIndex(int x, int y) {
-    return Utils::HitTest(*m_viewModel.Get(), AlongOf(x, y));
-}
 
 bool CDiscreteItemEventHandler::ProcessButtonDown(int x, int y, int flags, MouseButton button, bool* stop) {
     int const index = GetItemIndex(x, y);
@@ -160,12 +143,7 @@ void CDiscreteItemEventHandler::ProcessRepeatOperation() {
 }
 
 void CDiscreteItemEventHandler::OnRowViewModelScroll(int position, int delta, bool* canScroll) {
-    if (!m_viewer || delta == 0) {
-        *canScroll = false;
-        return;
-    }
-    if (*canScroll) *canScroll = ScrollItems(position, delta);
-    m_viewer->OnChange(m_viewer, UpdateLocal);
+    ItemsScrolled(position, delta, canScroll, false);
 }
 
 } // namespace mirelfrw7

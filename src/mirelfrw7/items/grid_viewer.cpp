@@ -7,7 +7,6 @@ CGridViewer<R, C>::CGridViewer(CVisualElement* parent, size<int> const& elementS
     : CRowViewerBase<R>(parent, elementSize, alignment) {
     m_columnHandler.SetViewer(this);
     m_columnHandler.SetItemPainter(static_cast<IColumnPainter*>(this));
-    m_columnHandler.SetScrollModel(&m_columnScroll);
     m_columnHandler.SetDirection(CEventHandlerBase::Horizontal);
     // Every event reaches the rows first, then the columns.
     m_columnHandler.SetNext(this->m_firstHandler->GetNext());
@@ -91,6 +90,7 @@ void CGridViewer<R, C>::ProcessSetParentVisible(bool visible) {
 template <class R, class C>
 void CGridViewer<R, C>::SetHorzScroll(IScrollModel* model) {
     CViewerBase::SetHorzScroll(model ? model : &m_columnScroll);
+    m_columnHandler.SetScrollModel(this->GetHorzScroll());
 }
 
 template class CGridViewer<IDiscreteItemViewModel, IDiscreteItemViewModel>;

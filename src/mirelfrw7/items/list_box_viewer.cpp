@@ -10,12 +10,11 @@ CListBoxViewer::CListBoxViewer(CVisualElement* parent, size<int> const& elementS
     m_horzHandler.SetViewer(this);
     m_horzHandler.SetDirection(CEventHandlerBase::Horizontal);
     m_horzHandler.SetViewModel(&m_horzViewModel);
-    m_horzHandler.SetScrollModel(&m_horzScrollModel);
     m_horzScrollModel.SetViewModel(&m_horzViewModel);
     m_horzViewModel.SetViewSize(GetBounds().Width(), true);
     m_horzHandler.SetNext(m_rowHandler.GetNext());
     m_rowHandler.SetNext(&m_horzHandler);
-    SetHorzScroll(&m_horzScrollModel);
+    SetHorzScroll(nullptr);
     m_rowHandler.SetSelectionType(CEventHandlerBase::SelectOneItem);
     m_rowHandler.SetNotification(true);
     SetDefEventHandler(static_cast<CDefListBoxHandler*>(this));
@@ -23,6 +22,11 @@ CListBoxViewer::CListBoxViewer(CVisualElement* parent, size<int> const& elementS
 
 // The connection to the model goes with whichever of the two dies first.
 CListBoxViewer::~CListBoxViewer() = default;
+
+void CListBoxViewer::SetHorzScroll(IScrollModel* model) {
+    CRowViewer::SetHorzScroll(model ? model : &m_horzScrollModel);
+    m_horzHandler.SetScrollModel(GetHorzScroll());
+}
 
 void CListBoxViewer::SetModel(IItemsModel* model) {
     if (auto* old = dynamic_cast<IItemsModelEx*>(m_model))

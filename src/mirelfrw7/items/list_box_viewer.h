@@ -26,6 +26,8 @@ public:
 
     CListBoxViewer(CVisualElement* parent, size<int> const& elementSize, Alignment alignment);
     ~CListBoxViewer() override;
+    // Null means the list's own horizontal scroll model.
+    void SetHorzScroll(IScrollModel* model) override;
 
     // Not owned; a model that tells of its changes is followed.
     void SetModel(IItemsModel* model);

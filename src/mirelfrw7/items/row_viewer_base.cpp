@@ -18,7 +18,6 @@ CRowViewerBase<M>::CRowViewerBase(CVisualElement* parent, size<int> const& eleme
     SetFocusable(true);
     m_rowHandler.SetViewer(this);
     m_rowHandler.SetItemPainter(static_cast<IRowPainter*>(this));
-    m_rowHandler.SetScrollModel(&m_rowScroll);
     m_rowHandler.SetDirection(CEventHandlerBase::Vertical);
     SetDefEventHandler(&m_rowHandler);
     SetVertScroll(nullptr);
@@ -108,6 +107,8 @@ void CRowViewerBase<M>::ProcessSetParentVisible(bool) {
 template <class M>
 void CRowViewerBase<M>::SetVertScroll(IScrollModel* model) {
     CViewerBase::SetVertScroll(model ? model : &m_rowScroll);
+    // A change of the rows reaches whoever shows their range, a scroll box's bar say.
+    m_rowHandler.SetScrollModel(GetVertScroll());
 }
 
 template <class M>

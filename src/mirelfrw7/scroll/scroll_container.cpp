@@ -3,6 +3,7 @@
 #include <mirelfrw7/scroll/scroll_container.h>
 
 #include <algorithm>
+#include <optional>
 
 namespace mirelfrw7 {
 
@@ -11,6 +12,11 @@ using CCentralPart = CScrollContainer::CCentralPart;
 CCentralPart::CCentralPart(CScrollContainer* box, size<int> const& elementSize, Alignment alignment)
     : CScrollableElement(box, elementSize, alignment), m_box(box) {
     sigButtonDown.connect(this, &CCentralPart::HandlePaneButtonDown);
+    box->sigPaint.connect(this, &CCentralPart::OnBoxPaint);
+}
+
+void CCentralPart::OnBoxPaint(CVisualElement*, IPainter*) {
+    m_fullRepaint = true;
 }
 
 double CCentralPart::GetHorzTo() const {
@@ -77,13 +83,36 @@ void CCentralPart::SetPos(rectangle<int> const& newRect, bool force) {
 }
 
 void CCentralPart::OnDraw(IPainter* painter) {
-    if (!m_scrolled) {
-        CScrollableElement::OnDraw(painter);
-        return;
-    }
     rectangle<int> const b = GetBounds();
-    CClipHolder const clip(painter, rectangle<double>(b.left, b.top, b.right, b.bottom));
-    CScrollableElement::OnDraw(painter);
+    if (!painter || b.Width() < 1 || b.Height() < 1 || !IsVisible()) return;
+    std::optional<CClipHolder> clip;
+    if (m_scrolled) clip.emplace(painter, rectangle<double>(b.left, b.top, b.right, b.bottom));
+    if (!m_fullRepaint && !m_dirty.IsEmpty() && !painter->NeedsFullRepaint()) {
+        m_dirty.Reduce();
+        DrawElements(&m_dirty, painter, {});
+    } else {
+        CScrollableElement::OnDraw(painter);
+    }
+    m_dirty.Clear();
+    m_fullRepaint = false;
+}
+
+void CCentralPart::ProcessChange(CVisualElement** target) {
+    if (*target == this) {
+        m_dirty.Clear();
+        m_fullRepaint = true;
+    } else if (!m_fullRepaint) {
+        m_dirty.AddElement(*target);
+    }
+    *target = this;
+}
+
+bool CCentralPart::BeforeProcessChange(CVisualElement* element, UpdateType type) {
+    if (!(type & UpdateLeaving)) return true;
+    // Whatever of the leaving subtree waits here would outlive it.
+    for (int i = 0; i < m_dirty.GetCount(); ++i)
+        if (IsAncestor(m_dirty.GetItem(i), element)) m_dirty.RemoveElement(m_dirty.GetItem(i--));
+    return false;
 }
 
 void CCentralPart::DrawContent(IPainter* painter) {

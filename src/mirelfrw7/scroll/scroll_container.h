@@ -1,5 +1,6 @@
 #pragma once
 
+#include <mirelfrw7/core/element_list.h>
 #include <mirelfrw7/export.h>
 #include <mirelfrw7/scroll/physical_scroll_adapters.h>
 #include <mirelfrw7/scroll/scroll_box.h>
@@ -11,7 +12,8 @@ namespace mirelfrw7 {
 class MIRELFRW7_API CScrollContainer : public CScrollBox {
 public:
     // The window onto the scrolled element. It clips its content to itself, so that the content never
-    // spills over the bars or the box's neighbours.
+    // spills over the bars or the box's neighbours; for that, the changes inside come to it, and it
+    // repaints only the elements that changed unless it changed itself.
     class MIRELFRW7_API CCentralPart : public CScrollableElement,
                                        public IHorzPhysicalScrollModel,
                                        public IVertPhysicalScrollModel {
@@ -23,6 +25,8 @@ public:
 
         void SetPos(rectangle<int> const& newRect, bool force) override;
         void OnDraw(IPainter* painter) override;
+        void ProcessChange(CVisualElement** target) override;
+        bool BeforeProcessChange(CVisualElement* element, UpdateType type) override;
         void DrawContent(IPainter* painter) override;
         bool ScrollContent(int dx, int dy) override;
         void HandleChildFocusChanged(CVisualElement* element, CVisualElement* other, bool gotFocus) override;
@@ -43,6 +47,8 @@ public:
         // A click on the empty part gives the focus to the deepest first element that takes it, unless the
         // focus is inside already.
         void HandlePaneButtonDown(CVisualElement* element, int x, int y, int flags, MouseButton button);
+        // The box paints under the part: what waits in the dirty list is then not all that must be drawn.
+        void OnBoxPaint(CVisualElement* box, IPainter* painter);
 
         void SetScrolledElement(CVisualElement* scrolled) { m_scrolled = scrolled; }
         CVisualElement* GetScrolled() const { return m_scrolled; }
@@ -56,6 +62,8 @@ public:
         CVisualElement* m_scrolled = nullptr;
         int m_horzStep = 10;
         int m_vertStep = 10;
+        CElementList m_dirty;
+        bool m_fullRepaint = true;
         bool m_fillMarginsOnly = false;
         FitMode m_fitMode = FitNone;
     };

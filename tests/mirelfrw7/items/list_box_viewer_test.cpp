@@ -1,6 +1,10 @@
 #include <mirelfrw7/items/list_box_viewer.h>
 
+#include <mirelfrw7/scroll/scroll_box.h>
+
 #include "support/control_fixture.h"
+#include "support/repaint_property.h"
+#include "support/test_elements.h"
 
 #include <gtest/gtest.h>
 
@@ -69,6 +73,53 @@ TEST_F(ListBoxViewerTest, ReturnAndClicksActivate) {
     texts.texts.push_back("delta");
     texts.sigItemsChanged();
     EXPECT_EQ(list->GetRowViewModel()->GetCount(), 4);
+}
+
+// Texts wider than the view, scrolled both ways in a box, with the pointer and the selection moving, and a
+// panel coming and going over the list, which must then draw its rows although none of them changed.
+TEST(ListBoxViewerRepaint, IncrementalPaintsEqualAFullPaintOverScrollsBothWays) {
+    static CTexts texts;
+    texts.texts.clear();
+    for (int i = 0; i < 40; ++i)
+        texts.texts.push_back(std::to_string(i) + std::string(size_t(i % 7 * 6), 'w') + " end");
+    mirel_test::SRepaintScenario scenario;
+    scenario.build = [](CBaseControl& control) {
+        auto* const box = new CScrollBox(control.GetContent(), {0, 0}, AlignClient);
+        auto* const list = new CListBoxViewer(box, {0, 0}, AlignClient);
+        list->SetModel(&texts);
+        list->GetHorzViewModel().SetItemSize(0, 400);
+        box->ConnectElement(list, CScrollBox::ConnectHorz | CScrollBox::ConnectVert, true);
+        auto* const panel = new mirel_test::CFilledElement(control.GetContent(), {0, 0}, AlignNone);
+        panel->SetBkColor(mirel7::_color(200, 40, 40));
+        panel->SetPos({20, 20, 90, 50}, false);
+        panel->SetVisible(false);
+        control.Rearrange();
+    };
+    scenario.act = [](CBaseControl& control, mirel7::headless::CHeadlessWindow& window,
+                      std::mt19937& random) {
+        auto* const box = static_cast<CScrollBox*>(control.GetContent()->GetChildren()->GetItem(0));
+        CVisualElement* const panel = control.GetContent()->GetChildren()->GetItem(1);
+        switch (mirel_test::Uniform(random, 0, 4)) {
+        case 4:
+            panel->SetVisible(!panel->IsVisible());
+            break;
+        case 0:
+            box->GetWrappedHorzScroll()->SetStart(mirel_test::Uniform(random, 0, 300));
+            break;
+        case 1:
+            box->GetWrappedVertScroll()->SetStart(mirel_test::Uniform(random, 0, 40));
+            break;
+        case 2:
+            window.InjectMouseMove(mirel_test::Uniform(random, 0, 140), mirel_test::Uniform(random, 0, 100));
+            break;
+        default:
+            static_cast<CListBoxViewer*>(box->GetCentralPane())
+                ->SetCurrentItem(mirel_test::Uniform(random, 0, 39));
+        }
+        control.GetImp()->RearrangeInt();
+    };
+    for (unsigned seed = 1; seed <= 6; ++seed)
+        EXPECT_TRUE(mirel_test::IncrementalPaintEqualsFullPaint(scenario, seed));
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 #include <mirelfrw7/items/grid_viewer.h>
 #include <mirelfrw7/items/row_viewer.h>
 
+#include "state_fill.h"
 #include "support/repaint_property.h"
 
 #include <gtest/gtest.h>
@@ -11,17 +12,7 @@ using namespace mirelfrw7;
 using D = IDiscreteItemViewModel;
 using mirel_test::Uniform;
 
-// A colour per item and state, drawn only where the models say the item changed: a viewer whose dirty
-// tracking, scrolling or end-of-paint bookkeeping is wrong leaves stale pixels behind.
-void Fill(IPainter* painter, int a, int b, int state, rectangle<double> const& r,
-          IDirtyItemSet::DirtyType d) {
-    if (d == IDirtyItemSet::CleanItem) return;
-    brush fill;
-    fill.style = brush::Solid;
-    fill.color = _color((a * 37 + b * 11) % 200, state * 80, (a + b) % 2 ? 220 : 120, 255);
-    painter->SetBrush(fill);
-    painter->FillRect(r);
-}
+using mirel_test::FillItemState;
 
 struct CGrid : CGridViewer<D, D> {
     explicit CGrid(CVisualElement* parent) : CGridViewer(parent, {0, 0}, AlignClient) {
@@ -31,7 +22,7 @@ struct CGrid : CGridViewer<D, D> {
     }
     void DrawCell(IPainter* p, int row, int, int column, int, int state, rectangle<double> const& r,
                   IDirtyItemSet::DirtyType d) override {
-        Fill(p, row, column, state, r, d);
+        FillItemState(p, row, column, state, r, d);
     }
 };
 
@@ -41,7 +32,7 @@ struct CList : CRowViewer<D> {
     }
     void DrawRow(IPainter* p, int row, int, int state, rectangle<double> const& r,
                  IDirtyItemSet::DirtyType d) override {
-        Fill(p, row, 0, state, r, d);
+        FillItemState(p, row, 0, state, r, d);
     }
 };
 

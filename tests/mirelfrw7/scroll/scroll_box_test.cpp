@@ -154,6 +154,19 @@ TEST_F(ScrollBox, TheWheelMovesStepsOfTheOwnersSizeAndPassesOnWithoutBars) {
     EXPECT_EQ(passed, 1);
 }
 
+TEST_F(ScrollBox, WithoutScrollPixelsTheModelAndTheBarMoveButNotTheContent) {
+    for (bool pixels : {true, false}) {
+        box->SetScrollPixels(pixels);
+        double const start = pixels ? 40 : 80;
+        int const paints = pane->paints;
+        box->GetWrappedVertScroll()->SetStart(start);
+        fixture.Paint();
+        EXPECT_EQ(pane->vert.start, start);
+        EXPECT_EQ(Bar(true)->GetPos(), start);
+        EXPECT_EQ(pane->paints > paints, pixels);
+    }
+}
+
 // Never reaches the start it is given, and asks the box to refresh from inside every move.
 struct CRestlessModel : CTestScrollModel {
     CRestlessModel() : CTestScrollModel(0, 50, 10) {}

@@ -8,6 +8,8 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
+#include <string>
+#include <vector>
 
 namespace {
 
@@ -79,6 +81,15 @@ TEST_F(ScrollContainer, NoContentResetsBothStartsAndHidesTheBars) {
     EXPECT_EQ(content->GetPosition().left, 0);
 }
 
+// The part paints what changed inside it, within its own clip, and nothing of itself.
+TEST_F(ScrollContainer, AChangeInsideRepaintsOnlyWhatChangedWithinThePart) {
+    fixture.Recorder()->Clear();
+    content->GetChildren()->GetItem(0)->Update(UpdateLocal);
+    fixture.Paint();
+    EXPECT_EQ(fixture.Recorder()->Lines({"SetClipRect", "FillRect"}),
+              (std::vector<std::string>{"SetClipRect 0,0,183,83", "FillRect 10,10,40,30 brush=#005afa"}));
+}
+
 TEST(ScrollContainerPaint, TheContentNeverSpillsOverTheBoxsNeighbours) {
     mirel_test::CControlFixture fixture({200, 100}, false);
     auto* const above = new CFilledElement(fixture.Root(), {10, 30}, AlignTop);
@@ -104,6 +115,10 @@ TEST(ScrollContainerRepaint, IncrementalPaintsEqualAFullPaintOverScrollsAndResiz
         scenario.build = [](CBaseControl& control) {
             auto* const box = new CScrollContainer(control.GetContent(), {10, 10}, AlignClient);
             box->SetScrolled(Content(box));
+            auto* const panel = new CFilledElement(control.GetContent(), {0, 0}, AlignNone);
+            panel->SetPos({20, 20, 90, 50}, false);
+            panel->SetBkColor(mirel7::_color(0, 250, 0));
+            panel->SetVisible(false);
         };
         scenario.act = [](CBaseControl& control, mirel7::headless::CHeadlessWindow& window,
                           std::mt19937& random) {
@@ -122,12 +137,16 @@ TEST(ScrollContainerRepaint, IncrementalPaintsEqualAFullPaintOverScrollsAndResiz
                 window.InjectResize(mirel_test::Uniform(random, 60, 300),
                                     mirel_test::Uniform(random, 40, 500));
                 break;
-            case 3:
+            // A change inside while a panel over the box comes or goes: the part must then paint whole.
+            case 3: {
                 box->GetScrolled()
                     ->GetChildren()
                     ->GetItem(mirel_test::Uniform(random, 0, 11))
                     ->Update(UpdateLocal);
+                CVisualElement* const panel = control.GetContent()->GetChildren()->GetItem(1);
+                panel->SetVisible(!panel->IsVisible());
                 break;
+            }
             // Away from the bars: a native bar takes the wheel only once a paint has shown it.
             default:
                 window.InjectWheel(5, 5, mirel_test::Uniform(random, -3, 3));
