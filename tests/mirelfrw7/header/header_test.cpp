@@ -188,6 +188,17 @@ TEST_F(Header, APressEndedUnseenRepaintsTheSection) {
     EXPECT_EQ(journal, (Journal{"pressing C"}));
 }
 
+// A second press, the first one's button up unseen, takes the first one's pressed look away.
+TEST_F(Header, ASecondPressRepaintsTheFirstPressedSection) {
+    Drag(200, 30, 201, 30);
+    while (f.Paint()) {
+    }
+    f.window->InjectButtonDown(46, 30);
+    EXPECT_EQ(header.GetProcessing().type, 1) << "a resize of a1";
+    EXPECT_NE(header.GetVisualisationState((*this)["C"]), IHeaderItemVisualisation::HeaderSectionPressed);
+    EXPECT_TRUE(f.window->IsPaintPending());
+}
+
 TEST_F(Header, TheExpandButtonTogglesAGroupAndTheHeightStays) {
     f.window->InjectButtonDown(168, 8);
     f.window->InjectButtonUp(168, 8);
