@@ -24,7 +24,7 @@ void BuildTree(CTree& tree) {
     tree.Add("Row", 110);
     CNode* const measures = tree.Add("Measures");
     CNode* const raw = measures->Add("Raw");
-    raw->Add("Count", 70);
+    raw->Add("Count", 84);
     raw->Add("Weight", 90);
     CNode* const scaled = measures->Add("Scaled");
     scaled->Add("Rate", 120);
