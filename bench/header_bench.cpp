@@ -1,9 +1,10 @@
 // What painting, hit testing and scrolling a tree header cost with 1,000 leaves in 5 levels, scrolled to the
-// middle, against the baseline of the same header with 10 leaves in 5 levels in the same run. Both show
-// five columns in a 300 pixel view, so the figures must stay close: the paint and the hit test follow the
-// sections in view (and the fan-out of the groups above them), and a scroll by one column walks no tree.
+// middle, against the baseline of the same header with 10 leaves in 5 levels in the same run; and the same
+// for a grid whose columns that header is. All show five columns in a 300 pixel view, so the figures must
+// stay close: the paint and the hit test follow the sections in view (and the fan-out of the groups above
+// them), and a scroll by one column walks no tree.
 #include <mirelfrw7/core/base_control.h>
-#include <mirelfrw7/header/header.h>
+#include <mirelfrw7/header/header_grid.h>
 #include <mirelfrw7/scroll/continuous_item_scroll_model.h>
 
 #include <mirel7/headless/headless_system.h>
@@ -62,20 +63,39 @@ struct CTree : IHeaderModel {
     std::vector<std::unique_ptr<CNode>> nodes;
 };
 
-// A header of 1,000 leaves (argument 1) or 10 (argument 0) on a drawing window, scrolled to the middle.
+// Cells filled with one colour: the grid's own cost, not a cell's.
+struct CFilledGrid : CHeaderGrid {
+    explicit CFilledGrid(CVisualElement* parent) : CGridViewer(parent, {0, 0}, AlignClient) {
+        GetRowViewModel()->SetCount(1000);
+    }
+    void DrawCell(IPainter* painter, int, int, int, int, int, rectangle<double> const& r,
+                  IDirtyItemSet::DirtyType) override {
+        painter->FillRect(r);
+    }
+};
+
+// A header of 1,000 leaves (argument 1) or 10 (argument 0) on a drawing window, scrolled to the middle;
+// with `grid`, over the grid whose columns it is.
 struct SHeader {
-    explicit SHeader(bool large)
+    explicit SHeader(bool large, bool withGrid = false)
         : tree(5, large ? std::vector<int>{5, 5, 4, 2} : std::vector<int>{1, 1, 1, 2}),
-          window(system, {ViewWidth + 1, 120}, nullptr), control(&window) {
+          window(system, {ViewWidth + 1, withGrid ? 400 : 120}, nullptr), control(&window) {
+        if (withGrid) grid = new CFilledGrid(control.GetContent());
         header = new CHeader(control.GetContent(), {0, 0}, AlignTop);
         scroll.SetViewModel(header);
         header->SetHorzScroll(&scroll);
         header->SetModel(&tree);
+        if (grid) ServeAsColumns(header, grid);
         window.Paint();
         header->SetOffset((header->GetFullItemsSize() - ViewWidth) / 2);
         window.Paint();
     }
-    ~SHeader() { header->SetModel(nullptr); }
+    ~SHeader() {
+        // The grid, the older sibling, dies first: it lets go of the header while the header lives.
+        if (grid) grid->SetColumnViewModel(nullptr);
+        header->SetHorzScroll(nullptr);
+        header->SetModel(nullptr);
+    }
 
     CTree tree;
     mirel7::headless::CHeadlessSystem system;
@@ -83,6 +103,7 @@ struct SHeader {
     CBaseControl control;
     CContinuousItemScrollModel scroll;
     CHeader* header = nullptr;
+    CFilledGrid* grid = nullptr;
 };
 
 void Sizes(benchmark::internal::Benchmark* b) {
@@ -121,6 +142,21 @@ void ScrollOneColumn(benchmark::State& state) {
     }
 }
 BENCHMARK(ScrollOneColumn)->Apply(Sizes);
+
+// A grid of rows under the header, scrolled one column right and back by its column scroll model, which the
+// header follows: both repaint.
+void GridScrollOneColumn(benchmark::State& state) {
+    SHeader h(state.range(0) != 0, true);
+    IScrollModel& scroll = h.grid->GetColumnScrollModel();
+    double const middle = scroll.GetStart();
+    for (auto _ : state) {
+        scroll.SetStart(middle + LeafWidth);
+        h.window.Paint();
+        scroll.SetStart(middle);
+        h.window.Paint();
+    }
+}
+BENCHMARK(GridScrollOneColumn)->Apply(Sizes);
 
 // The model side of the same scroll: what a viewer's scroll bar asks of its column model.
 void ScrollModelOnly(benchmark::State& state) {

@@ -3,6 +3,7 @@
 // column), drag a section among its siblings to reorder, click a group's arrow to close or open it, and
 // double-click an edge to fit the caption. The wheel scrolls the columns.
 #include "gallery.h"
+#include "header_tree.h"
 
 #include <mirelfrw7/header/header.h>
 #include <mirelfrw7/header/simple_header.h>
@@ -11,9 +12,7 @@
 #include <mirelfrw7/items/default_discrete_item_view_model.h>
 #include <mirelfrw7/scroll/continuous_item_scroll_model.h>
 
-#include <memory>
 #include <string>
-#include <vector>
 
 namespace gallery {
 
@@ -21,79 +20,20 @@ namespace {
 using mirel7::_color;
 using namespace mirelfrw7;
 
-class CNode : public IHeaderItem {
-public:
-    CNode(CNode* parent, std::string text, int width)
-        : m_parent(parent), m_text(std::move(text)), m_width(width) {}
-    CNode* Add(std::string text, int width = 70) {
-        m_children.push_back(std::make_unique<CNode>(this, std::move(text), width));
-        return m_children.back().get();
-    }
-    IHeaderItem* GetParent() override { return m_parent; }
-    int GetChildCount() const override { return int(m_children.size()); }
-    IHeaderItem* GetChild(int i) override { return m_children[i].get(); }
-    IHeaderItem const* GetChild(int i) const override { return m_children[i].get(); }
-    int GetWidth() const override { return m_width; }
-    void SetWidth(int width) override { m_width = width; }
-    int GetModelIndex() const override { return m_index; }
-    int GetExpandState() const override { return m_expanded ? 1 : HeaderItemCollapsed; }
-    void SetExpanded(bool expanded) override { m_expanded = expanded; }
-    std::string GetText() const override { return m_text; }
-    int GetSortingDirection() const override { return m_sorting; }
-
-    std::vector<std::unique_ptr<CNode>> m_children;
-    CNode* m_parent;
-    std::string m_text;
-    int m_width;
-    int m_index = 0;
-    int m_sorting = SortNone;
-    bool m_expanded = true;
-};
-
 // Regions over years over quarters; the first column sorts.
-class CTree : public IHeaderModel, public tarnkit2::subscriber_base_t {
-public:
-    CTree() {
-        m_top.push_back(std::make_unique<CNode>(nullptr, "Product", 110));
-        m_top.back()->m_sorting = SortAscending;
-        for (char const* region : {"North", "South"}) {
-            m_top.push_back(std::make_unique<CNode>(nullptr, region, 0));
-            for (char const* year : {"2025", "2026"}) {
-                CNode* const y = m_top.back()->Add(year);
-                for (char const* q : {"Q1", "Q2", "Q3", "Q4"})
-                    y->Add(q, 52);
-            }
+void BuildTree(CTree& tree) {
+    tree.Add("Product", 110)->m_sorting = SortAscending;
+    for (char const* region : {"North", "South"}) {
+        CNode* const r = tree.Add(region);
+        for (char const* year : {"2025", "2026"}) {
+            CNode* const y = r->Add(year);
+            for (char const* q : {"Q1", "Q2", "Q3", "Q4"})
+                y->Add(q, 52);
         }
-        m_top.push_back(std::make_unique<CNode>(nullptr, "Total", 90));
-        Number();
     }
-    int GetItemCount() const override { return int(m_top.size()); }
-    IHeaderItem* GetItem(int i) override { return m_top[i].get(); }
-
-    void OnMoved(CHeader*, IHeaderItem* item, int from, int to) {
-        CNode* const parent = static_cast<CNode*>(item)->m_parent;
-        auto& siblings = parent ? parent->m_children : m_top;
-        if (to == from || to == from + 1) return;
-        auto moved = std::move(siblings[from]);
-        siblings.erase(siblings.begin() + from);
-        siblings.insert(siblings.begin() + (to > from ? to - 1 : to), std::move(moved));
-        sigChanged();
-    }
-
-private:
-    // Model indices in the order first built, so that a column keeps its figures wherever it moves.
-    void Number() {
-        int next = 0;
-        auto number = [&next](auto& self, CNode* node) -> void {
-            node->m_index = next++;
-            for (auto& child : node->m_children)
-                self(self, child.get());
-        };
-        for (auto& node : m_top)
-            number(number, node.get());
-    }
-    std::vector<std::unique_ptr<CNode>> m_top;
-};
+    tree.Add("Total", 90);
+    tree.Number();
+}
 
 // The rows under the tree header: the header is the column model, so each cell is read back through it.
 class CTable : public CVisualElement {
@@ -136,18 +76,16 @@ private:
     CHeader* m_header;
 };
 
-// The application's side of the tree header: the tree, the drop, and the fit on a double click.
+// The tree header on its own scroll model.
 class CTreeHeader : public CHeader {
 public:
     explicit CTreeHeader(CVisualElement* parent) : CHeader(parent, {0, 0}, AlignTop), m_scroll(this) {
         SetHorzScroll(&m_scroll);
         SetNativeDrawing(true);
-        SetModel(&m_tree);
-        sigSectionMoved.connect(&m_tree, &CTree::OnMoved);
-        sigSectionEdgeDoubleClicked.connect(this, &CTreeHeader::OnFit);
+        BuildTree(m_tree);
+        m_tree.Serve(this);
     }
     ~CTreeHeader() override { SetModel(nullptr); }
-    void OnFit(CHeader*, IHeaderItem* item) { SetItemSize(GetVisibleIndex(item), GetItemOptimalWidth(item)); }
 
 private:
     CTree m_tree;

@@ -57,11 +57,10 @@ std::string Text(rectangle<int> const& r) {
 
 class CStorm : public tarnkit2::subscriber_base_t {
 public:
-    CStorm(StormFactory const& factory, unsigned seed, long checkEvery)
+    CStorm(StormFactory const& factory, unsigned seed)
         : m_factory(factory), m_random(seed),
-          m_checkEvery(std::getenv("MIREL_STORM_CHECK_EVERY")
-                           ? std::atol(std::getenv("MIREL_STORM_CHECK_EVERY"))
-                           : checkEvery),
+          m_checkEvery(
+              std::getenv("MIREL_STORM_CHECK_EVERY") ? std::atol(std::getenv("MIREL_STORM_CHECK_EVERY")) : 1),
           m_f(std::make_unique<CControlFixture>(mirel7::size<int>{64, 48}, false)) {
         m_f->control->SetCopyToClipboard(true);
         NewContent();
@@ -370,12 +369,11 @@ private:
 
 } // namespace
 
-testing::AssertionResult SurvivesStorm(StormFactory const& factory, unsigned seed, long actions,
-                                       long checkEvery) {
+testing::AssertionResult SurvivesStorm(StormFactory const& factory, unsigned seed, long actions) {
     char const* const seeds = std::getenv("MIREL_STORM_SEEDS");
     unsigned const end = seed + unsigned(seeds ? std::max(std::atoi(seeds), 1) : 1);
     for (; seed != end; ++seed) {
-        CStorm storm(factory, seed, std::max(checkEvery, 1L));
+        CStorm storm(factory, seed);
         testing::AssertionResult const result = storm.Run(actions);
         if (!result) return testing::AssertionFailure() << "storm seed " << seed << ": " << result.message();
     }

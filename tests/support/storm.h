@@ -26,10 +26,7 @@ using StormFactory =
 // repaint must equal a full repaint pixel for pixel and, at every 16th, the layout a full layout of the same
 // tree: a checkpoint after every action finds a stale pixel at the action that left it. MIREL_STORM_SEEDS
 // runs that many storms, from `seed` on. The failure names the seed, the action and the last actions.
-// `checkEvery` spaces the pixel checkpoints for a control with a stale-pixel fault not yet mended, so that
-// its storm still guards everything else; MIREL_STORM_CHECK_EVERY overrides it.
-testing::AssertionResult SurvivesStorm(StormFactory const& factory, unsigned seed, long actions,
-                                       long checkEvery = 1);
+testing::AssertionResult SurvivesStorm(StormFactory const& factory, unsigned seed, long actions);
 
 // The number of actions of one storm: MIREL_STORM_ACTIONS when set, else `sanitized` in a sanitizer
 // build (where the storm finds use after free) and `plain` otherwise.

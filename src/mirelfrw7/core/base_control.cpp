@@ -125,16 +125,19 @@ void CBaseControlImp::ProcessDraw(IPainter* painter) {
             if (!m_dragInfo.useBuffer) {
                 m_mouseFlags &= ~DragBufferDrop;
             } else {
+                // The last frame without the drag item comes back under the new one; so does an ended drag's
+                // when the next drag begins before it went.
+                bool const ended = m_mouseFlags & DragBufferDrop;
+                if (m_dragBuffer && (ended || !(m_mouseFlags & DragBufferDue)))
+                    painter->DrawRasterPicture(m_dragBuffer.get(), 0, 0, client.Width(), client.Height());
+                if (ended) m_dragBuffer.reset();
                 if (m_mouseFlags & DragBufferDue) {
+                    // The new drag's own copy, taken once this paint is done.
                     mirel7::ISystem* const system = mirel7::GetCurrentSystem();
                     m_dragBuffer =
                         system ? system->CreateRasterPicture(client.Width(), client.Height()) : nullptr;
                     m_mouseFlags &= ~DragBufferDue;
-                } else if (m_dragBuffer) {
-                    // The last frame without the drag item comes back under the new one.
-                    painter->DrawRasterPicture(m_dragBuffer.get(), 0, 0, client.Width(), client.Height());
                 }
-                if (m_mouseFlags & DragBufferDrop) m_dragBuffer.reset();
                 m_mouseFlags &= ~DragBufferDrop;
             }
         }

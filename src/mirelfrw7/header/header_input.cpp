@@ -19,6 +19,12 @@ bool CHeader::HandleButtonDown(int x, int y, int flags, MouseButton button) {
         window->HideTooltip();
     HitTestResult const hit = HitTest(x, y);
     if (button != mirel7::ButtonLeft || hit.type == 0) return hit.type != 0;
+    // A press whose button came up unseen ends here: its pressed look, and its hosted element's shift, go.
+    if (m_processing.type == 3) {
+        m_processing.Clear();
+        UpdateElementsPos();
+        OnChange(this, UpdateLocal);
+    }
     CaptureMouse();
     m_processing.item = hit.item;
     m_processing.index = m_items.IndexOf(hit.item);

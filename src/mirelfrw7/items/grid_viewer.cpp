@@ -94,5 +94,6 @@ void CGridViewer<R, C>::SetHorzScroll(IScrollModel* model) {
 }
 
 template class CGridViewer<IDiscreteItemViewModel, IDiscreteItemViewModel>;
+template class CGridViewer<IDiscreteItemViewModel, IContinuousItemViewModel>;
 
 } // namespace mirelfrw7

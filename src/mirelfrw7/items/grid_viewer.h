@@ -61,5 +61,7 @@ protected:
 };
 
 extern template class CGridViewer<IDiscreteItemViewModel, IDiscreteItemViewModel>;
+// Columns scrolled by pixels: a tree header serves as this column axis.
+extern template class CGridViewer<IDiscreteItemViewModel, IContinuousItemViewModel>;
 
 } // namespace mirelfrw7

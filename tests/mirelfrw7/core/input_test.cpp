@@ -346,6 +346,24 @@ TEST_F(Drag, AnAcceptedDropEndsWithDropDoneThenDragFinished) {
         << "no paint came during the drag: no copy of the window is due";
 }
 
+// A drag that begins before the paint that was to drop the last one's copy of the window: that copy goes
+// down under the new item first, and the new drag keeps a copy of its own.
+TEST_F(Drag, ADragBegunBeforeTheLastOnesCopyWentLaysItAndTakesItsOwn) {
+    b.startDrag = true;
+    f.window->InjectMouseMove(40, 30);
+    f.Paint();
+    f.window->InjectButtonUp(40, 30);
+    f.window->InjectButtonDown(30, 30);
+    f.window->InjectMouseMove(45, 30);
+    ASSERT_TRUE(Dragging());
+    f.Recorder()->Clear();
+    f.Paint();
+    EXPECT_EQ(f.Recorder()->Lines({"DrawRasterPicture", "ExtractRasterPicture"}),
+              (std::vector<std::string>{"DrawRasterPicture 0,0,200,100 picture=200x100",
+                                        "ExtractRasterPicture 0,0,200,100"}));
+    f.window->InjectButtonUp(45, 30);
+}
+
 // Deletes the element whose signal it is on.
 struct CDeleter : tarnkit2::subscriber_base_t {
     void Delete(CVisualElement* e, int, int, int, mirel7::MouseButton) { delete e; }
