@@ -10,6 +10,9 @@ std::size_t SShapedLine::GlyphCount() const {
 }
 
 SShapedLine const* CGlyphRunCache::Find(void const* face, std::string_view text) {
+    // A line is measured and then drawn: the second question is about the line just found.
+    if (!m_order.empty() && m_order.front().face == face && m_order.front().text == text)
+        return &m_order.front().line;
     auto const found = m_index.find({face, text});
     if (found == m_index.end()) return nullptr;
     m_order.splice(m_order.begin(), m_order, found->second);

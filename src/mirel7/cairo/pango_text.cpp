@@ -180,11 +180,9 @@ bool CPangoText::CollectRuns(std::vector<SGlyphRun>* runs) {
     return true;
 }
 
-void CPangoText::Show(cairo_t* cr, std::string_view line) {
+void CPangoText::Show(cairo_t* cr, double x, double y, std::string_view line) {
     SShapedLine const& shaped = Shaped(line);
-    if (!shaped.direct) return ShowLayout(cr, line);
-    double x = 0, y = 0;
-    if (cairo_has_current_point(cr)) cairo_get_current_point(cr, &x, &y);
+    if (!shaped.direct) return ShowLayout(cr, x, y, line);
     for (SGlyphRun const& run : shaped.runs) {
         double const left = x + run.x, baseline = y + run.y;
         m_placed.resize(run.glyphs.size());
@@ -195,9 +193,11 @@ void CPangoText::Show(cairo_t* cr, std::string_view line) {
     }
 }
 
-void CPangoText::ShowLayout(cairo_t* cr, std::string_view line) {
+void CPangoText::ShowLayout(cairo_t* cr, double x, double y, std::string_view line) {
     SetLine(line);
+    cairo_move_to(cr, x, y);
     pango_cairo_show_layout(cr, m_layout);
+    cairo_new_path(cr);
 }
 
 } // namespace mirel7::cairo

@@ -35,10 +35,10 @@ public:
     fontmetrics const& Metrics() { return Current().metrics; }
     // The line laid out in the current font, from the cache when it was seen lately.
     SShapedLine const& Shaped(std::string_view line);
-    // Draws one line with the top left of its box at the current point of `cr`.
-    void Show(cairo_t* cr, std::string_view line);
+    // Draws one line with the top left of its box at (x, y) of `cr`.
+    void Show(cairo_t* cr, double x, double y, std::string_view line);
     // The same through the renderer of the layout, as a line that glyphs cannot draw exactly is drawn.
-    void ShowLayout(cairo_t* cr, std::string_view line);
+    void ShowLayout(cairo_t* cr, double x, double y, std::string_view line);
 
 private:
     struct SFace {

@@ -45,9 +45,8 @@ std::vector<unsigned char> Draw(SCase const& c, CPangoText& text, bool cached) {
     cairo_set_source_rgba(cr, 0.2, 0.4, 0.8, 0.75);
     cairo_translate(cr, c.origin.x, c.origin.y);
     cairo_rotate(cr, c.angle);
-    cairo_move_to(cr, 0, 0);
     text.Select(c.face, c.scale);
-    cached ? text.Show(cr, c.text) : text.ShowLayout(cr, c.text);
+    cached ? text.Show(cr, 0, 0, c.text) : text.ShowLayout(cr, 0, 0, c.text);
     cairo_destroy(cr);
     cairo_surface_flush(surface);
     unsigned char const* const data = cairo_image_surface_get_data(surface);
