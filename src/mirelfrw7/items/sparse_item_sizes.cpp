@@ -17,19 +17,46 @@ std::int64_t FloorDiv(std::int64_t a, std::int64_t b) {
 
 } // namespace
 
+void CSparseItemSizes::SBlock::Resum(std::size_t from) {
+    std::int64_t running = from == 0 ? 0 : entries[from - 1].before + entries[from - 1].size;
+    for (std::size_t i = from; i < entries.size(); ++i) {
+        entries[i].before = running;
+        running += entries[i].size;
+    }
+    sum = running;
+}
+
+std::vector<CSparseItemSizes::SEntry>::const_iterator
+CSparseItemSizes::SBlock::Find(std::int64_t index) const {
+    return std::lower_bound(entries.begin(), entries.end(), index,
+                            [](SEntry const& e, std::int64_t i) { return e.index < i; });
+}
+
 std::ptrdiff_t CSparseItemSizes::BlockAtOrBelow(std::int64_t index) const {
-    return std::upper_bound(m_firsts.begin(), m_firsts.end(), index,
-                            [](std::int64_t i, int first) { return i < first; }) -
-           m_firsts.begin() - 1;
+    std::size_t const count = m_firsts.size();
+    // The questions of a paint or a scroll fall near each other, around the start of the view and around
+    // the end of the list, most often into the blocks of the last two answers.
+    for (std::size_t& f : m_fingers)
+        if (f < count && m_firsts[f] <= index && (f + 1 == count || index < m_firsts[f + 1])) {
+            std::swap(f, m_fingers[0]);
+            return std::ptrdiff_t(m_fingers[0]);
+        }
+    std::ptrdiff_t const found = std::upper_bound(m_firsts.begin(), m_firsts.end(), index,
+                                                  [](std::int64_t i, int first) { return i < first; }) -
+                                 m_firsts.begin() - 1;
+    if (found >= 0) {
+        m_fingers[1] = m_fingers[0];
+        m_fingers[0] = std::size_t(found);
+    }
+    return found;
 }
 
 int CSparseItemSizes::Get(int index, int defaultSize) const {
     std::ptrdiff_t const b = BlockAtOrBelow(index);
     if (b < 0) return defaultSize;
-    auto const& entries = m_blocks[std::size_t(b)].entries;
-    auto const it = std::lower_bound(entries.begin(), entries.end(), index,
-                                     [](SEntry const& e, int i) { return e.index < i; });
-    return it != entries.end() && it->index == index ? it->size : defaultSize;
+    SBlock const& block = m_blocks[std::size_t(b)];
+    auto const it = block.Find(index);
+    return it != block.entries.end() && it->index == index ? it->size : defaultSize;
 }
 
 void CSparseItemSizes::Set(int index, int size, int defaultSize) {
@@ -41,42 +68,41 @@ void CSparseItemSizes::Set(int index, int size, int defaultSize) {
     }
     b = std::max<std::ptrdiff_t>(b, 0);
     SBlock& block = m_blocks[std::size_t(b)];
-    auto const it = std::lower_bound(block.entries.begin(), block.entries.end(), index,
-                                     [](SEntry const& e, int i) { return e.index < i; });
-    bool const present = it != block.entries.end() && it->index == index;
+    std::size_t const at = std::size_t(block.Find(index) - block.entries.begin());
+    bool const present = at < block.entries.size() && block.entries[at].index == index;
     if (size == defaultSize) {
         if (!present) return;
-        block.sum -= it->size;
-        block.entries.erase(it);
+        block.entries.erase(block.entries.begin() + std::ptrdiff_t(at));
         if (block.entries.empty()) {
             m_blocks.erase(m_blocks.begin() + b);
             m_firsts.erase(m_firsts.begin() + b);
         } else {
+            block.Resum(at);
             m_firsts[std::size_t(b)] = block.entries.front().index;
         }
     } else if (present) {
-        block.sum += std::int64_t(size) - it->size;
-        it->size = size;
+        block.entries[at].size = size;
+        block.Resum(at);
     } else {
-        block.sum += size;
-        block.entries.insert(it, {index, size});
+        block.entries.insert(block.entries.begin() + std::ptrdiff_t(at), {index, size, 0});
+        block.Resum(at);
         m_firsts[std::size_t(b)] = block.entries.front().index;
         if (block.entries.size() > MaxBlock) {
             SBlock upper;
             upper.entries.assign(block.entries.begin() + MaxBlock / 2, block.entries.end());
+            upper.Resum(0);
             block.entries.resize(MaxBlock / 2);
-            for (SEntry const& e : upper.entries)
-                upper.sum += e.size;
-            block.sum -= upper.sum;
+            block.Resum(MaxBlock / 2 - 1);
             m_firsts.insert(m_firsts.begin() + b + 1, upper.entries.front().index);
             m_blocks.insert(m_blocks.begin() + b + 1, std::move(upper));
         }
     }
-    Changed(std::size_t(b));
+    m_sumsValid = std::min(m_sumsValid, std::size_t(b));
 }
 
 void CSparseItemSizes::RefreshSums() const {
     std::size_t const count = m_blocks.size();
+    if (m_sumsValid == count) return;
     m_countBefore.resize(count);
     m_sumBefore.resize(count);
     for (std::size_t b = m_sumsValid; b < count; ++b) {
@@ -90,13 +116,10 @@ std::int64_t CSparseItemSizes::Position(std::int64_t index, int defaultSize) con
     std::int64_t count = 0, sum = 0;
     if (std::ptrdiff_t const b = BlockAtOrBelow(index - 1); b >= 0) {
         RefreshSums();
-        count = m_countBefore[std::size_t(b)];
-        sum = m_sumBefore[std::size_t(b)];
-        for (SEntry const& e : m_blocks[std::size_t(b)].entries) {
-            if (e.index >= index) break;
-            ++count;
-            sum += e.size;
-        }
+        SBlock const& block = m_blocks[std::size_t(b)];
+        auto const it = block.Find(index);
+        count = m_countBefore[std::size_t(b)] + (it - block.entries.begin());
+        sum = m_sumBefore[std::size_t(b)] + (it == block.entries.end() ? block.sum : it->before);
     }
     return index * defaultSize + sum - count * defaultSize;
 }
@@ -108,53 +131,52 @@ std::int64_t CSparseItemSizes::FirstBeyond(std::int64_t lo, std::int64_t hi, std
                                            int defaultSize) const {
     if (Position(lo, defaultSize) > limit) return lo;
     RefreshSums();
-    // Where the run after entry e starts: item e + 1, given the count and sum of the entries up to e.
-    auto runStart = [&](SEntry const& e, std::int64_t countTo, std::int64_t sumTo) {
-        return (std::int64_t(e.index) + 1) * defaultSize + sumTo - countTo * defaultSize;
+    // Entry e qualifies when the run after it, from item e + 1, lies within lo..hi and starts at or below the
+    // limit; the entries that qualify come first, and every entry below lo is one of them. A block whose
+    // first entry qualifies starts at or below the limit, so the last qualifying entry lies in the last
+    // block that does, or ends the block before it.
+    auto const qualifies = [&](std::int64_t index, std::int64_t countTo, std::int64_t sumTo) {
+        return index + 1 <= hi && (index + 1) * defaultSize + sumTo - countTo * defaultSize <= limit;
     };
-    auto fits = [&](SEntry const& e, std::int64_t countTo, std::int64_t sumTo) {
-        return e.index + std::int64_t(1) <= hi && runStart(e, countTo, sumTo) <= limit;
+    auto const blockStarts = [&](int const& first) {
+        std::size_t const b = std::size_t(&first - m_firsts.data());
+        return first + std::int64_t(1) <= hi &&
+               first * std::int64_t(defaultSize) + m_sumBefore[b] - m_countBefore[b] * defaultSize <= limit;
     };
-    std::size_t low = 0, high = m_blocks.size();
-    while (low < high) {
-        std::size_t const mid = (low + high) / 2;
-        SEntry const& first = m_blocks[mid].entries.front();
-        if (fits(first, m_countBefore[mid] + 1, m_sumBefore[mid] + first.size))
-            low = mid + 1;
-        else
-            high = mid;
+    std::size_t const starting =
+        std::size_t(std::partition_point(m_firsts.begin(), m_firsts.end(), blockStarts) - m_firsts.begin());
+    // The count and sizes of the entries up to the last qualifying one, its index, and the entry after it.
+    std::int64_t count = 0, sum = 0, lastIndex = lo - 1, next = hi;
+    if (starting > 0) {
+        std::size_t const b = starting - 1;
+        SBlock const& block = m_blocks[b];
+        auto const after =
+            std::partition_point(block.entries.begin(), block.entries.end(), [&](SEntry const& e) {
+                return qualifies(e.index, m_countBefore[b] + (&e - block.entries.data()) + 1,
+                                 m_sumBefore[b] + e.before + e.size);
+            });
+        std::size_t const taken = std::size_t(after - block.entries.begin());
+        count = m_countBefore[b] + std::int64_t(taken);
+        sum = m_sumBefore[b] + (after == block.entries.end() ? block.sum : after->before);
+        if (taken > 0)
+            lastIndex = block.entries[taken - 1].index;
+        else if (b > 0)
+            lastIndex = m_blocks[b - 1].entries.back().index;
+        if (after != block.entries.end())
+            next = std::min<std::int64_t>(after->index, hi);
+        else if (starting < m_blocks.size())
+            next = std::min<std::int64_t>(m_firsts[starting], hi);
+    } else if (!m_firsts.empty()) {
+        next = std::min<std::int64_t>(m_firsts[0], hi);
     }
-    std::int64_t start = lo;
-    if (low > 0) {
-        std::size_t const b = low - 1;
-        std::int64_t count = m_countBefore[b], sum = m_sumBefore[b], last = lo - 1;
-        for (SEntry const& e : m_blocks[b].entries) {
-            if (!fits(e, count + 1, sum + e.size)) break;
-            ++count;
-            sum += e.size;
-            last = e.index;
-        }
-        start = std::max(start, last + 1);
-    }
-    // Items start..end share the deviation from the default sizes that item `start` has.
-    std::ptrdiff_t const b = BlockAtOrBelow(start - 1);
-    std::int64_t next = hi + 1;
-    for (std::size_t k = std::size_t(std::max<std::ptrdiff_t>(b, 0)); k < m_blocks.size(); ++k) {
-        auto const& entries = m_blocks[k].entries;
-        auto const it = std::lower_bound(entries.begin(), entries.end(), start,
-                                         [](SEntry const& e, std::int64_t i) { return e.index < i; });
-        if (it != entries.end()) {
-            next = it->index;
-            break;
-        }
-    }
-    std::int64_t const end = std::min(next, hi);
+    // Items from `start` up to the next entry share the deviation of the entries before them.
+    std::int64_t const start = std::max(lo, lastIndex + 1);
     if (defaultSize > 0) {
-        std::int64_t const deviation = Position(start, defaultSize) - start * defaultSize;
+        std::int64_t const deviation = sum - count * defaultSize;
         std::int64_t const found = std::max(start, FloorDiv(limit - deviation, defaultSize) + 1);
-        if (found <= end) return found;
+        if (found <= next) return found;
     }
-    return std::min(end + 1, hi + 1);
+    return next + 1;
 }
 
 std::int64_t CSparseItemSizes::Extent(int from, int to, int defaultSize) const {
@@ -187,7 +209,7 @@ void CSparseItemSizes::Remap(IIndexTranslator const& translator) {
         for (SEntry const& e : block.entries) {
             bool removed = false;
             int const target = translator.TranslateIndex(e.index, &removed);
-            if (!removed) moved.push_back({target, e.size});
+            if (!removed) moved.push_back({target, e.size, 0});
         }
     std::stable_sort(moved.begin(), moved.end(),
                      [](SEntry const& a, SEntry const& b) { return a.index < b.index; });
@@ -209,8 +231,7 @@ void CSparseItemSizes::Rebuild(std::vector<SEntry> const& sorted) {
         SBlock& block = m_blocks.emplace_back();
         block.entries.assign(sorted.begin() + std::ptrdiff_t(i),
                              sorted.begin() + std::ptrdiff_t(std::min(sorted.size(), i + MaxBlock / 2)));
-        for (SEntry const& e : block.entries)
-            block.sum += e.size;
+        block.Resum(0);
         m_firsts.push_back(block.entries.front().index);
     }
     m_sumsValid = 0;

@@ -38,10 +38,16 @@ public:
 private:
     struct SEntry {
         int index, size;
+        // The sizes of the entries before this one in its block.
+        std::int64_t before;
     };
     struct SBlock {
         std::vector<SEntry> entries;
         std::int64_t sum = 0;
+        // Brings `before` and the sum up to date from entry `from` on.
+        void Resum(std::size_t from);
+        // The first entry at or after `index`.
+        std::vector<SEntry>::const_iterator Find(std::int64_t index) const;
     };
 
     // The last block whose first entry is at or below `index`, or -1.
@@ -51,7 +57,6 @@ private:
     // The first item of lo..hi that starts beyond `limit`, or hi + 1.
     std::int64_t FirstBeyond(std::int64_t lo, std::int64_t hi, std::int64_t limit, int defaultSize) const;
     void RefreshSums() const;
-    void Changed(std::size_t block) { m_sumsValid = std::min(m_sumsValid, block); }
     void Rebuild(std::vector<SEntry> const& sorted);
 
     std::vector<int> m_firsts;
@@ -60,6 +65,8 @@ private:
     // date by the queries that need them, so that a run of changes pays once.
     mutable std::vector<std::int64_t> m_countBefore, m_sumBefore;
     mutable std::size_t m_sumsValid = 0;
+    // The blocks that the last searches found, the latest first.
+    mutable std::size_t m_fingers[2] = {};
 };
 
 } // namespace mirelfrw7
