@@ -9,7 +9,7 @@ namespace {
 
 // A full block splits in two halves; small enough that a block is a few cache lines, large enough that the
 // blocks' first indexes stay few.
-constexpr std::size_t MaxBlock = 64;
+constexpr std::size_t MaxBlock = 32;
 
 std::int64_t FloorDiv(std::int64_t a, std::int64_t b) {
     return a / b - (a % b != 0 && (a < 0) != (b < 0));
@@ -143,8 +143,18 @@ std::int64_t CSparseItemSizes::FirstBeyond(std::int64_t lo, std::int64_t hi, std
         return first + std::int64_t(1) <= hi &&
                first * std::int64_t(defaultSize) + m_sumBefore[b] - m_countBefore[b] * defaultSize <= limit;
     };
+    // The answer is most often near lo, so the search gallops from lo's block before it halves.
+    std::size_t low = std::size_t(std::max<std::ptrdiff_t>(BlockAtOrBelow(lo - 1) + 1, 0));
+    std::size_t step = 1;
+    while (low + step <= m_firsts.size() && blockStarts(m_firsts[low + step - 1])) {
+        low += step;
+        step *= 2;
+    }
+    std::size_t const high = std::min(low + step - 1, m_firsts.size());
     std::size_t const starting =
-        std::size_t(std::partition_point(m_firsts.begin(), m_firsts.end(), blockStarts) - m_firsts.begin());
+        std::size_t(std::partition_point(m_firsts.begin() + std::ptrdiff_t(low),
+                                         m_firsts.begin() + std::ptrdiff_t(high), blockStarts) -
+                    m_firsts.begin());
     // The count and sizes of the entries up to the last qualifying one, its index, and the entry after it.
     std::int64_t count = 0, sum = 0, lastIndex = lo - 1, next = hi;
     if (starting > 0) {
