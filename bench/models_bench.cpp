@@ -4,6 +4,7 @@
 // item size in the same model.
 #include <mirelfrw7/items/default_discrete_item_view_model.h>
 #include <mirelfrw7/items/item_utils.h>
+#include <mirelfrw7/items/sparse_item_sizes.h>
 #include <mirelfrw7/scroll/discrete_item_scroll_model.h>
 
 #include <benchmark/benchmark.h>
@@ -138,6 +139,38 @@ void GetItemType(benchmark::State& state) {
     state.SetComplexityN(state.range(0));
 }
 BENCHMARK(GetItemType)->Apply(Counts);
+
+// Filling a million custom sizes over 10^8 items in random order, against the same inserts into an ordered
+// map, the node per entry that the sizes lived in before.
+std::vector<int> RandomIndexes() {
+    std::mt19937 random(7);
+    std::vector<int> indexes(1'000'000);
+    for (int& i : indexes)
+        i = int(random() % 100'000'000u);
+    return indexes;
+}
+
+void FillSizesRandomly(benchmark::State& state) {
+    auto const indexes = RandomIndexes();
+    for (auto _ : state) {
+        CSparseItemSizes sizes;
+        for (int i : indexes)
+            sizes.Set(i, 30, 20);
+        benchmark::DoNotOptimize(sizes.Get(indexes[0], 20));
+    }
+}
+BENCHMARK(FillSizesRandomly)->Unit(benchmark::kMillisecond);
+
+void FillOrderedMapRandomly(benchmark::State& state) {
+    auto const indexes = RandomIndexes();
+    for (auto _ : state) {
+        std::map<int, int> sizes;
+        for (int i : indexes)
+            sizes[i] = 30;
+        benchmark::DoNotOptimize(sizes.size());
+    }
+}
+BENCHMARK(FillOrderedMapRandomly)->Unit(benchmark::kMillisecond);
 
 } // namespace
 

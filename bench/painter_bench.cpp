@@ -1,12 +1,14 @@
 // The painter against plain Cairo and Pango doing the same work in the same run: pixel access as the
-// antialiased line rasteriser uses it, small fills, measuring and drawing a short string, and wrapping a
-// paragraph against drawing the same lines broken beforehand.
+// antialiased line rasteriser uses it, small fills, measuring and drawing a short string, wrapping a
+// paragraph against drawing the same lines broken beforehand, and a page of number cells against showing
+// the same glyphs shaped beforehand.
 #include <mirel7/window_painter.h>
 
 #include <benchmark/benchmark.h>
 #include <cairo.h>
 #include <pango/pangocairo.h>
 
+#include <cmath>
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -224,6 +226,83 @@ void WrapBrokenBeforehand(benchmark::State& state) {
     WrapParagraph(state, false);
 }
 
+// A page of 1,000 cells of 96x20 pixels, each a right-aligned number.
+constexpr int Cells = 1000, CellColumns = 20, CellWidth = 96, CellHeight = 20;
+
+rectangle<double> CellRect(int i) {
+    double const x = (i % CellColumns) * CellWidth, y = (i / CellColumns) * CellHeight;
+    return {x, y, x + CellWidth - 1, y + CellHeight - 1};
+}
+
+std::string CellText(long long n) {
+    return std::to_string(n * 20 + 1'000'000);
+}
+
+// The numbers of a grid repainted: the same 1,000 strings every time.
+void NumberCellsPainter(benchmark::State& state) {
+    std::unique_ptr<IWindowPainter> const painter = NewWindowPainter({Side, Side}, 1.0);
+    painter->SetTextColor(_color(0, 0, 0));
+    std::vector<std::string> texts;
+    for (int i = 0; i < Cells; ++i)
+        texts.push_back(CellText(i));
+    for (auto _ : state)
+        for (int i = 0; i < Cells; ++i)
+            painter->DrawString(CellRect(i), texts[std::size_t(i)].c_str(),
+                                IPainter::AlignRight | IPainter::AlignVCenter, -1);
+    state.SetItemsProcessed(state.iterations() * Cells);
+}
+
+// A page scrolled to numbers never drawn before, every time.
+void FreshCellsPainter(benchmark::State& state) {
+    std::unique_ptr<IWindowPainter> const painter = NewWindowPainter({Side, Side}, 1.0);
+    painter->SetTextColor(_color(0, 0, 0));
+    long long next = 0;
+    for (auto _ : state)
+        for (int i = 0; i < Cells; ++i) {
+            std::string const text = CellText(next++);
+            painter->DrawString(CellRect(i), text.c_str(), IPainter::AlignRight | IPainter::AlignVCenter, -1);
+        }
+    state.SetItemsProcessed(state.iterations() * Cells);
+}
+
+// The baseline of both: the glyphs of the same cells, shaped before the run, shown straight with Cairo at
+// the places the painter puts them.
+void NumberCellsPreshaped(benchmark::State& state) {
+    SPlainCairo plain;
+    cairo_set_source_rgb(plain.cr, 0, 0, 0);
+    struct SCell {
+        cairo_scaled_font_t* font;
+        std::vector<cairo_glyph_t> glyphs;
+    };
+    std::vector<SCell> cells;
+    for (int i = 0; i < Cells; ++i) {
+        pango_layout_set_text(plain.layout, CellText(i).c_str(), -1);
+        PangoRectangle logical;
+        pango_layout_get_pixel_extents(plain.layout, nullptr, &logical);
+        rectangle<double> const r = CellRect(i);
+        double const x = std::round(r.right - logical.width),
+                     y = std::round(r.top + (20 - logical.height) / 2);
+        double const baseline = y + pango_layout_get_baseline(plain.layout) / double(PANGO_SCALE);
+        auto const* const run =
+            static_cast<PangoGlyphItem*>(pango_layout_get_line_readonly(plain.layout, 0)->runs->data);
+        SCell& cell = cells.emplace_back();
+        cell.font = pango_cairo_font_get_scaled_font(PANGO_CAIRO_FONT(run->item->analysis.font));
+        int advance = 0;
+        for (int g = 0; g < run->glyphs->num_glyphs; ++g) {
+            PangoGlyphInfo const& info = run->glyphs->glyphs[g];
+            cell.glyphs.push_back(
+                {info.glyph, x + (advance + info.geometry.x_offset) / double(PANGO_SCALE), baseline});
+            advance += info.geometry.width;
+        }
+    }
+    for (auto _ : state)
+        for (SCell const& cell : cells) {
+            cairo_set_scaled_font(plain.cr, cell.font);
+            cairo_show_glyphs(plain.cr, cell.glyphs.data(), int(cell.glyphs.size()));
+        }
+    state.SetItemsProcessed(state.iterations() * Cells);
+}
+
 BENCHMARK(PixelsPainter)->Unit(benchmark::kMillisecond);
 BENCHMARK(PixelsPlainMemory)->Unit(benchmark::kMillisecond);
 BENCHMARK(PixelsPlainCairo)->Unit(benchmark::kMillisecond);
@@ -237,6 +316,9 @@ BENCHMARK(DrawStringPainter);
 BENCHMARK(DrawStringPlainCairo);
 BENCHMARK(WrapPainter)->Arg(40)->Arg(160)->Arg(640)->Unit(benchmark::kMillisecond);
 BENCHMARK(WrapBrokenBeforehand)->Arg(40)->Arg(160)->Arg(640)->Unit(benchmark::kMillisecond);
+BENCHMARK(NumberCellsPainter)->Unit(benchmark::kMicrosecond);
+BENCHMARK(FreshCellsPainter)->Unit(benchmark::kMicrosecond);
+BENCHMARK(NumberCellsPreshaped)->Unit(benchmark::kMicrosecond);
 
 } // namespace
 

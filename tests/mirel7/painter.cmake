@@ -15,3 +15,10 @@ mirel_test(xpm_test
 mirel_test(text_formatter_test
   SOURCES mirel7/text_formatter_test.cpp mirel7/cairo/html_text_test.cpp
   LABELS unit)
+# The shaped-line cache against the layout's own renderer, below the painter.
+mirel_test(glyph_cache_test
+  SOURCES mirel7/cairo/glyph_cache_test.cpp ${PROJECT_SOURCE_DIR}/src/mirel7/cairo/pango_text.cpp
+          ${PROJECT_SOURCE_DIR}/src/mirel7/cairo/glyph_run_cache.cpp
+  LABELS unit)
+target_link_libraries(glyph_cache_test PRIVATE PkgConfig::MIREL_CAIRO)
+target_include_directories(glyph_cache_test PRIVATE ${PROJECT_SOURCE_DIR}/src)

@@ -93,7 +93,14 @@ void CCairoPainter::SetDashes(cairo_t* cr, double const* steps, int count, doubl
 }
 
 void CCairoPainter::SetSource(cairo_t* cr, _color const& c) {
-    cairo_set_source_rgba(cr, c.r / 255.0, c.g / 255.0, c.b / 255.0, c.a / 255.0);
+    double const r = c.r / 255.0, g = c.g / 255.0, b = c.b / 255.0, a = c.a / 255.0;
+    // Cells fill and write in the same few colours again and again; a new source costs a pattern each time.
+    double current[4];
+    if (cairo_pattern_get_rgba(cairo_get_source(cr), &current[0], &current[1], &current[2], &current[3]) ==
+            CAIRO_STATUS_SUCCESS &&
+        current[0] == r && current[1] == g && current[2] == b && current[3] == a)
+        return;
+    cairo_set_source_rgba(cr, r, g, b, a);
 }
 
 cairo_t* CCairoPainter::BrushContext() {

@@ -19,8 +19,11 @@ void CCairoPainter::RenderText(STextCall const& call) {
     if (call.measureOnly() || !c || call.block.lines.empty()) return;
     STextBlock const& block = call.block;
     cairo_t* const cr = m_surface.Context();
-    cairo_save(cr);
-    if (call.flags & ClipToRect) {
+    // Every other drawing sets its own source and path, so only a clip needs the state saved: a grid's cells
+    // are drawn one after another, and each save and restore would also drop the font Cairo set up.
+    bool const clip = call.flags & ClipToRect;
+    if (clip) {
+        cairo_save(cr);
         cairo_rectangle(cr, block.area.left, block.area.top, block.area.Width(), block.area.Height());
         cairo_clip(cr);
     }
@@ -31,15 +34,19 @@ void CCairoPainter::RenderText(STextCall const& call) {
     for (std::size_t i = 0; i < block.lines.size(); ++i) {
         point<double> o = block.LineOrigin(i);
         if (quarterTurn) o = {std::round(o.x), std::round(o.y)};
+        if (block.turn.IsNone()) {
+            // A whole pixel plus the layout's fractions of a pixel add up exactly, as a translation would.
+            m_text.Show(cr, o.x, o.y, block.lines[i].text);
+            continue;
+        }
         cairo_save(cr);
         cairo_translate(cr, o.x, o.y);
         // Counter-clockwise on a screen whose y axis points down.
-        if (!block.turn.IsNone()) cairo_rotate(cr, -angle);
-        cairo_move_to(cr, 0, 0);
-        m_text.Show(cr, block.lines[i].text);
+        cairo_rotate(cr, -angle);
+        m_text.Show(cr, 0, 0, block.lines[i].text);
         cairo_restore(cr);
     }
-    cairo_restore(cr);
+    if (clip) cairo_restore(cr);
 }
 
 } // namespace mirel7::cairo

@@ -9,8 +9,9 @@ namespace mirel7::cairo {
 
 namespace {
 
-// Enough for the captions of a large window; past it the cache starts over rather than growing.
-constexpr std::size_t MaxCachedWidths = 4096;
+// Enough for the captions and cells of a large window twice over; the glyphs bound what long lines take.
+constexpr std::size_t MaxShapedLines = 4096;
+constexpr std::size_t MaxShapedGlyphs = std::size_t(1) << 18;
 
 std::string FamilyList(std::string const& face, int family) {
     char const* generic = family == 1   ? "DejaVu Serif,serif"
@@ -36,6 +37,15 @@ void ReleaseFontMap() {
     if (--fontMapUsers == 0) g_object_unref(std::exchange(sharedFontMap, nullptr));
 }
 
+// The layout marks its single paragraph to show line breaks, which only shaping reads; any attribute that
+// the renderer reads (decorations, colours, shifts) leaves a line to the renderer.
+bool OnlyShapingAttributes(GSList const* attributes) {
+    for (; attributes; attributes = attributes->next)
+        if (static_cast<PangoAttribute const*>(attributes->data)->klass->type != PANGO_ATTR_SHOW)
+            return false;
+    return true;
+}
+
 } // namespace
 
 CPangoText::SFace::~SFace() {
@@ -43,7 +53,7 @@ CPangoText::SFace::~SFace() {
     if (attributes) pango_attr_list_unref(attributes);
 }
 
-CPangoText::CPangoText() {
+CPangoText::CPangoText() : m_shaped(MaxShapedLines, MaxShapedGlyphs) {
     m_context = pango_font_map_create_context(AcquireFontMap());
     cairo_font_options_t* const options = cairo_font_options_create();
     // Grey antialiasing suits any background and any turn; unhinted metrics make widths scale evenly.
@@ -120,21 +130,74 @@ void CPangoText::SetLine(std::string_view line) {
     pango_layout_set_text(m_layout, line.data(), static_cast<int>(line.size()));
 }
 
-double CPangoText::LineWidth(std::string_view line) {
-    auto& widths = Current().widths;
-    if (auto const found = widths.find(line); found != widths.end()) return found->second;
+SShapedLine const& CPangoText::Shaped(std::string_view line) {
+    if (SShapedLine const* found = m_shaped.Find(m_current, line)) return *found;
     SetLine(line);
+    SShapedLine shaped;
     PangoRectangle logical;
     pango_layout_get_extents(m_layout, nullptr, &logical);
-    double const width = logical.width / double(PANGO_SCALE);
-    if (widths.size() >= MaxCachedWidths) widths.clear();
-    widths.emplace(line, width);
-    return width;
+    shaped.width = logical.width / double(PANGO_SCALE);
+    shaped.direct = !m_current->attributes && CollectRuns(&shaped.runs);
+    if (!shaped.direct) shaped.runs.clear();
+    return m_shaped.Insert(m_current, line, std::move(shaped));
 }
 
-void CPangoText::Show(cairo_t* cr, std::string_view line) {
+// The positions follow the renderer's arithmetic step by step (line origin plus run advance in layout units,
+// then glyph offset), so that the doubles come out bit for bit as when it draws.
+bool CPangoText::CollectRuns(std::vector<SGlyphRun>* runs) {
+    if (pango_layout_get_line_count(m_layout) != 1) return false;
+    PangoLayoutIter* const iter = pango_layout_get_iter(m_layout);
+    PangoRectangle logical;
+    pango_layout_iter_get_line_extents(iter, nullptr, &logical);
+    int const baseline = pango_layout_iter_get_baseline(iter);
+    PangoLayoutLine* const line = pango_layout_iter_get_line_readonly(iter);
+    pango_layout_iter_free(iter);
+    int x = logical.x;
+    for (GSList* l = line->runs; l; l = l->next) {
+        auto const* const item = static_cast<PangoGlyphItem const*>(l->data);
+        if (!OnlyShapingAttributes(item->item->analysis.extra_attrs) || item->y_offset ||
+            item->start_x_offset)
+            return false;
+        cairo_scaled_font_t* const font =
+            pango_cairo_font_get_scaled_font(PANGO_CAIRO_FONT(item->item->analysis.font));
+        if (!font) return false;
+        SGlyphRun& run = runs->emplace_back();
+        run.font.reset(cairo_scaled_font_reference(font));
+        run.x = x / double(PANGO_SCALE);
+        run.y = baseline / double(PANGO_SCALE);
+        int advance = 0;
+        for (int i = 0; i < item->glyphs->num_glyphs; ++i) {
+            PangoGlyphInfo const& g = item->glyphs->glyphs[i];
+            // Missing glyphs are drawn as boxes by the renderer alone.
+            if (g.glyph & PANGO_GLYPH_UNKNOWN_FLAG) return false;
+            if (g.glyph != PANGO_GLYPH_EMPTY)
+                run.glyphs.push_back({g.glyph, (advance + g.geometry.x_offset) / double(PANGO_SCALE),
+                                      g.geometry.y_offset / double(PANGO_SCALE)});
+            advance += g.geometry.width;
+        }
+        x += pango_glyph_string_get_width(item->glyphs);
+    }
+    return true;
+}
+
+void CPangoText::Show(cairo_t* cr, double x, double y, std::string_view line) {
+    SShapedLine const& shaped = Shaped(line);
+    if (!shaped.direct) return ShowLayout(cr, x, y, line);
+    for (SGlyphRun const& run : shaped.runs) {
+        double const left = x + run.x, baseline = y + run.y;
+        m_placed.resize(run.glyphs.size());
+        for (std::size_t i = 0; i < run.glyphs.size(); ++i)
+            m_placed[i] = {run.glyphs[i].index, left + run.glyphs[i].x, baseline + run.glyphs[i].y};
+        cairo_set_scaled_font(cr, run.font.get());
+        cairo_show_glyphs(cr, m_placed.data(), static_cast<int>(m_placed.size()));
+    }
+}
+
+void CPangoText::ShowLayout(cairo_t* cr, double x, double y, std::string_view line) {
     SetLine(line);
+    cairo_move_to(cr, x, y);
     pango_cairo_show_layout(cr, m_layout);
+    cairo_new_path(cr);
 }
 
 } // namespace mirel7::cairo

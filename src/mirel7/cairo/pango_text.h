@@ -1,5 +1,6 @@
 #pragma once
 
+#include <mirel7/cairo/glyph_run_cache.h>
 #include <mirel7/text_flow.h>
 #include <mirel7/types.h>
 
@@ -11,13 +12,13 @@
 #include <string>
 #include <string_view>
 #include <tuple>
-#include <unordered_map>
+#include <vector>
 
 namespace mirel7::cairo {
 
-// Fonts and line measurement through Pango. Each font is described once and keeps the widths of the lines
-// it measured, since the framework measures the same captions and the same "W" over and over; one layout
-// serves every line.
+// Fonts, line measurement and line drawing through Pango. Each font is described once; a line is laid out
+// once and kept shaped, width and glyphs, since the framework measures and draws the same captions, cells
+// and "W" over and over; one layout serves every line.
 class CPangoText final : public ITextMeasure {
 public:
     CPangoText();
@@ -29,23 +30,22 @@ public:
     // a picture that never shows text never loads a font.
     void Select(font const& f, double dpiScale);
 
-    double LineWidth(std::string_view line) override;
+    double LineWidth(std::string_view line) override { return Shaped(line).width; }
     double LineHeight() override { return Current().lineHeight; }
     fontmetrics const& Metrics() { return Current().metrics; }
-    // Draws one line with the top left of its box at the current point of `cr`.
-    void Show(cairo_t* cr, std::string_view line);
+    // The line laid out in the current font, from the cache when it was seen lately.
+    SShapedLine const& Shaped(std::string_view line);
+    // Draws one line with the top left of its box at (x, y) of `cr`.
+    void Show(cairo_t* cr, double x, double y, std::string_view line);
+    // The same through the renderer of the layout, as a line that glyphs cannot draw exactly is drawn.
+    void ShowLayout(cairo_t* cr, double x, double y, std::string_view line);
 
 private:
-    struct SHash {
-        using is_transparent = void;
-        std::size_t operator()(std::string_view s) const { return std::hash<std::string_view>{}(s); }
-    };
     struct SFace {
         PangoFontDescription* description = nullptr;
         PangoAttrList* attributes = nullptr;
         fontmetrics metrics;
         double lineHeight = 0;
-        std::unordered_map<std::string, double, SHash, std::equal_to<>> widths;
         ~SFace();
     };
     // Face list, family, style bits, pixel size.
@@ -54,6 +54,8 @@ private:
     SFace& Current();
     std::unique_ptr<SFace> Describe(SKey const& key);
     void SetLine(std::string_view line);
+    // The runs of the laid out line, or false when plain glyphs would not draw it as the renderer does.
+    bool CollectRuns(std::vector<SGlyphRun>* runs);
 
     PangoContext* m_context = nullptr;
     PangoLayout* m_layout = nullptr;
@@ -61,6 +63,8 @@ private:
     font m_selected;
     double m_selectedScale = 0;
     SFace* m_current = nullptr;
+    CGlyphRunCache m_shaped;
+    std::vector<cairo_glyph_t> m_placed;
 };
 
 } // namespace mirel7::cairo

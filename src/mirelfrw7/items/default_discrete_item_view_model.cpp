@@ -7,7 +7,7 @@ namespace mirelfrw7 {
 void CDefaultDiscreteItemViewModel::UpdateModelState(IIndexTranslator* translator) {
     if (!translator || !translator->TranslationIsPresented()) return;
     CSimpleDiscreteItemViewModel::UpdateModelState(translator);
-    if (m_itemSizes.GetEntries().empty()) return;
+    if (m_itemSizes.IsEmpty()) return;
     m_itemSizes.Remap(*translator);
     sigModelChanged();
 }
