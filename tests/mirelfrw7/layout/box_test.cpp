@@ -91,6 +91,21 @@ TEST(Box, AnInnerBoxMeasuredAgainWhileItsOuterBoxIsPlacedIsPlacedInTheSamePaint)
     EXPECT_EQ(below.GetPosition(), (mirel7::rectangle<int>{0, 1, 199, 4}));
 }
 
+// Placed across anew, the box measures itself and takes another width while its parent places it: the parent
+// places it once more in the same layout.
+TEST(Box, ABoxThatMeasuresAnewWhileItsParentPlacesItIsPlacedAgain) {
+    CControlFixture f;
+    CFilledElement holder(f.Root(), {0, 0}, AlignNone);
+    holder.SetPos({0, 0, 40, 30}, false);
+    CHorzBox box(&holder, {0, 0}, AlignNone);
+    box.SetSize({36, 21}, false); // kept until the box measures
+    f.Paint();
+    box.SetAlignment(AlignRight);
+    f.Paint();
+    EXPECT_EQ(box.GetSize(), (S{0, 21}));
+    EXPECT_EQ(box.GetPosition(), (mirel7::rectangle<int>{40, 0, 40, 30}));
+}
+
 TEST(Box, ATreeBuiltDetachedIsMeasuredOnceWhenAttachedInnerBoxesFirst) {
     CControlFixture f;
     CCounting<CVertBox> outer(nullptr, {50, 0}, AlignTop);

@@ -75,6 +75,19 @@ TEST(CentralPartIn, AMovingHolderInvalidatesIt) {
     EXPECT_EQ(part.GetRearrangeRect(), (R{0, 89, 50, 129}));
 }
 
+// Below an element squeezed to nothing the part is not on the screen: the pixels a blit would move there are
+// others'.
+TEST(CentralPartIn, ASqueezedParentMovesNoPixels) {
+    CControlFixture f;
+    CFilledElement squeezed(f.Root(), {0, 0}, AlignLeft);
+    CCentralPart part(&squeezed, {0, 0}, AlignNone);
+    part.SetPos({0, 0, 30, 30}, false);
+    f.Paint();
+    f.Recorder()->Clear();
+    part.SetPos({0, 5, 30, 35}, false);
+    EXPECT_EQ(f.Recorder()->Lines({"ScrollBuffer"}), Lines{});
+}
+
 // Over 0..199 x 20..99 of the window: 1000 units from 250 at 4 to a pixel across, 50 from 5 at 20 pixels
 // each down.
 TEST_F(CentralPart, DrawsInTheUnitsOfBothModelsAndLeavesThePainterAloneWithoutOne) {

@@ -73,18 +73,8 @@ CVisualElement* MakeContainer(CVisualElement* parent, std::mt19937& random) {
     return e;
 }
 
-// Panes stay out: a long storm finds a pane outline that a full paint does not show, also for a pane whose
-// focus never changes, which is still to be tracked down.
-CVisualElement* MakeContainerButPane(CVisualElement* parent, std::mt19937& random) {
-    CVisualElement* const e = MakeContainer(parent, random);
-    if (!dynamic_cast<CPane*>(e)) return e;
-    delete e;
-    return new mirel_test::CFilledElement(parent, {Uniform(random, 1, 40), Uniform(random, 1, 40)},
-                                          RandomAlignment(random));
-}
-
 TEST(ContainersStorm, SurviveRandomInputAndTreeChanges) {
-    EXPECT_TRUE(mirel_test::SurvivesStorm(MakeContainerButPane, 16, mirel_test::StormActions(5000, 20000)));
+    EXPECT_TRUE(mirel_test::SurvivesStorm(MakeContainer, 16, mirel_test::StormActions(5000, 20000)));
 }
 
 void Build(CVisualElement* parent, std::mt19937& random, int depth) {
