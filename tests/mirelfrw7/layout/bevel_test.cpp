@@ -46,16 +46,19 @@ TEST(Bevel, AFrameTurnedInsideOutByItsOffsetStaysWithinTheBounds) {
         ASSERT_EQ(image.At(x, 3), image.At(50, 10)) << "at " << x;
 }
 
+// A child docked to fill the content follows a new inset at once.
 TEST(Bevel, TheContentIsInsetByTheOffsetAndTheContentOffset) {
     for (SInsets const& v : InsetVectors) {
         CControlFixture f;
         CBevel bevel(f.Root(), {0, 0}, AlignNone);
-        bevel.SetPos({5, 5, 45, 35}, false);
+        mirel_test::CFilledElement child(&bevel, {0, 0}, AlignClient);
+        bevel.SetPos({5, 5, 45, 35}, true);
         EXPECT_EQ(bevel.GetContentRect(), (R{2, 2, 38, 28})) << "the default reserves 2 pixels";
         bevel.SetOffset(v.offset);
         bevel.SetContentOffset(v.contentOffset);
         EXPECT_EQ(bevel.GetBevelRect(), v.bevel);
         EXPECT_EQ(bevel.GetContentRect(), v.content);
+        EXPECT_EQ(child.GetPosition(), v.content);
     }
 }
 

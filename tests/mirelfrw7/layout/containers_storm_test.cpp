@@ -105,9 +105,7 @@ void Change(CBaseControl& control, std::mt19937& random) {
         e->SetBkColor(RandomColor(random));
     } else if (auto* const bevel = dynamic_cast<CBevel*>(e)) {
         bevel->SetShape(static_cast<CBevel::BorderShape>(Uniform(random, 0, 7)));
-        // A new inset only repaints: the children move when the bevel is arranged again.
         bevel->SetContentOffset({Uniform(random, 0, 4), Uniform(random, 0, 4), 2, 2});
-        bevel->SetPos(bevel->GetPosition(), true);
         if (auto* const border = dynamic_cast<CBorder*>(e)) border->SetTransparent(!border->IsTransparent());
     } else if (auto* const box = dynamic_cast<CVertBox*>(e)) {
         box->SetBottomPadSize(Uniform(random, 0, 9));
