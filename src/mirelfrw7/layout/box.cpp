@@ -38,11 +38,7 @@ void CBoxBase::AddNewChild(CVisualElement* child) {
 // same top element again while a layout pass places it, which the control takes for a layout that never
 // settles, and drops.
 void CBoxBase::ProcessRearrange(CVisualElement** target) {
-    if (*target == this) return;
-    if (!m_autoSize) {
-        m_sum = -1;
-        return;
-    }
+    if (*target == this || !m_autoSize) return;
     size<int> const before = m_size;
     // A descendant deeper down may live where a child known before died: only a child of the box counts.
     if (*target == m_known && (*target)->GetParent() == this)
@@ -54,14 +50,9 @@ void CBoxBase::ProcessRearrange(CVisualElement** target) {
 
 // A deleted child rearranges nobody: the box measures itself here, without it.
 bool CBoxBase::BeforeProcessChange(CVisualElement* sender, UpdateType type) {
-    if ((type & UpdateLeaving) && sender->GetParent() == this) {
-        if (!m_autoSize) {
-            m_sum = -1;
-        } else {
-            m_leaving = sender;
-            MeasureFor(sender, sender == m_known ? m_knownTerm : -1);
-            m_known = nullptr;
-        }
+    if ((type & UpdateLeaving) && m_autoSize && sender->GetParent() == this) {
+        m_leaving = sender;
+        MeasureFor(sender, sender == m_known ? m_knownTerm : -1);
     }
     return CScrolled::BeforeProcessChange(sender, type);
 }
@@ -83,11 +74,7 @@ std::int64_t CBoxBase::Term(CVisualElement const* child, bool vertical) const {
 
 void CBoxBase::Recalculate(bool vertical) {
     CVisualElement const* const changed = std::exchange(m_changed, nullptr);
-    if (!m_control) {
-        m_sum = -1;
-        m_known = nullptr;
-        return;
-    }
+    if (!m_control) return;
     if (m_sum >= 0 && changed && m_changedTerm >= 0) {
         m_sum += Term(changed, vertical) - m_changedTerm;
     } else {

@@ -41,8 +41,9 @@ protected:
     std::int64_t Term(CVisualElement const* child, bool vertical) const;
     // Measures after a change of `child` alone, whose term was `oldTerm` before it.
     void MeasureFor(CVisualElement const* child, std::int64_t oldTerm);
-    // The sum of the children's terms as the last measure found it, -1 when a change went by unmeasured;
-    // with it the term of the last child measured for. A run of changes to one child (added, then asking
+    // The sum of the children's terms as the last measure found it, -1 from the attaching of a control to
+    // the measure after it, while changes go by unmeasured; with it the term of the last child measured for,
+    // which may have died since. A run of changes to one child (added, then asking
     // for its rearrangement) is measured from these without a walk over all children, which filling a
     // box one child after another would otherwise make quadratic.
     std::int64_t m_sum = -1;

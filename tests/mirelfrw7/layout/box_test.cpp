@@ -26,25 +26,24 @@ struct CCounting : Box {
     int measured = 0;
 };
 
-TEST(Box, AVertBoxTakesTheHeightsOfItsStackedChildrenEachAndAPixelAndItsPad) {
+// Boxes of two docked children of 10 and 20 along the axis and a pad of 5, besides an undocked and a side
+// child that never count.
+TEST(Box, ABoxTakesTheSizesOfItsDockedChildrenEachAndAPixelAndItsPad) {
     CControlFixture f;
-    CVertBox box(f.Root(), {50, 0}, AlignTop);
-    CFilledElement a(&box, {0, 10}, AlignTop), b(&box, {0, 20}, AlignBottom);
-    CFilledElement loose(&box, {0, 40}, AlignNone), side(&box, {7, 40}, AlignLeft);
-    box.SetBottomPadSize(5);
-    EXPECT_EQ(box.GetSize(), (S{50, 37}));
+    CVertBox vert(f.Root(), {50, 0}, AlignTop);
+    CFilledElement a(&vert, {0, 10}, AlignTop), b(&vert, {0, 20}, AlignBottom);
+    CFilledElement loose(&vert, {0, 40}, AlignNone), side(&vert, {7, 40}, AlignLeft);
+    vert.SetBottomPadSize(5);
+    CHorzBox horz(f.Root(), {0, 30}, AlignLeft);
+    CFilledElement c(&horz, {10, 0}, AlignLeft), d(&horz, {20, 0}, AlignClient), top(&horz, {0, 9}, AlignTop);
+    horz.SetRightPadSize(5);
+    EXPECT_EQ(vert.GetSize(), (S{50, 37}));
+    EXPECT_EQ(horz.GetSize(), (S{37, 30}));
     side.SetSize({7, 60}, false);
-    EXPECT_EQ(box.GetSize(), (S{50, 37})) << "neither an undocked nor a side child counts";
-    box.SetBottomPadSize(-3);
-    EXPECT_EQ(box.GetSize(), (S{50, 32})) << "a negative pad is none";
-}
-
-TEST(Box, AHorzBoxTakesTheWidthsOfItsLinedUpChildren) {
-    CControlFixture f;
-    CHorzBox box(f.Root(), {0, 30}, AlignLeft);
-    CFilledElement a(&box, {10, 0}, AlignLeft), b(&box, {20, 0}, AlignClient), top(&box, {0, 9}, AlignTop);
-    box.SetRightPadSize(5);
-    EXPECT_EQ(box.GetSize(), (S{37, 30}));
+    loose.SetSize({7, 60}, false);
+    EXPECT_EQ(vert.GetSize(), (S{50, 37}));
+    vert.SetBottomPadSize(-3);
+    EXPECT_EQ(vert.GetSize(), (S{50, 32})) << "a negative pad is none";
 }
 
 TEST(Box, HidingAChildResizesTheBoxAtOnceAndTheBoxIsDockedAnew) {
