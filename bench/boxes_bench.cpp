@@ -1,6 +1,7 @@
-// What a box of many children costs: measuring it against a bare loop over the same children, and placing
-// its children against the docking pass of a plain element with the same children. Each pair runs at 10^3
-// and 10^4 children, so the time per child shows whether the work grows linearly.
+// What a box of many children costs: measuring it against a bare loop over the same children, placing its
+// children against the docking pass of a plain element with the same children, and filling it, attached,
+// one child after another against filling a plain element. Each pair runs at 10^3 and 10^4 children, so the
+// time per child shows whether the work grows linearly.
 #include <mirelfrw7/core/base_control.h>
 #include <mirelfrw7/layout/box.h>
 
@@ -75,6 +76,31 @@ void DockingArrange(benchmark::State& state) {
 }
 BENCHMARK(VertBoxArrange)->Arg(1000)->Arg(10000);
 BENCHMARK(DockingArrange)->Arg(1000)->Arg(10000);
+
+// Adds `count` children one by one to a holder that already has its control.
+template <class Holder>
+void Fill(benchmark::State& state) {
+    int const count = static_cast<int>(state.range(0));
+    for (auto _ : state) {
+        state.PauseTiming();
+        auto tree = std::make_unique<STree<Holder>>(0);
+        state.ResumeTiming();
+        for (int i = 0; i < count; ++i)
+            new CVisualElement(tree->holder, {0, 1 + i % 3}, AlignTop);
+        state.PauseTiming();
+        tree.reset();
+        state.ResumeTiming();
+    }
+    state.SetItemsProcessed(state.iterations() * count);
+}
+void VertBoxFill(benchmark::State& state) {
+    Fill<CVertBox>(state);
+}
+void ElementFill(benchmark::State& state) {
+    Fill<CVisualElement>(state);
+}
+BENCHMARK(VertBoxFill)->Arg(1000)->Arg(10000)->Unit(benchmark::kMillisecond);
+BENCHMARK(ElementFill)->Arg(1000)->Arg(10000)->Unit(benchmark::kMillisecond);
 
 } // namespace
 

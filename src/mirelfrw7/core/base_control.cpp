@@ -239,12 +239,15 @@ void CBaseControlImp::ForceRearrange() {
 void CBaseControlImp::RearrangeInt() {
     if (m_rearrangeLocks != 0 || m_rearranges.IsEmpty()) return;
     m_rearranges.Reduce();
-    // A layout that keeps queuing elements is cut off: two equal rounds in a row, or an oscillation that
-    // outlasts any real cascade.
+    // A layout that keeps queuing elements is cut off: three equal rounds in a row, or an oscillation that
+    // outlasts any real cascade. Two are no sign of it: a child that takes a new size while its parent
+    // places it, as a box measuring itself anew does, asks that parent once more.
     constexpr int MaxRounds = 64;
     CElementList previous;
+    int repeats = 0;
     for (int round = 0; !m_rearranges.IsEmpty(); ++round) {
-        if (previous == m_rearranges || round == MaxRounds) {
+        repeats = previous == m_rearranges ? repeats + 1 : 0;
+        if (repeats == 2 || round == MaxRounds) {
             m_rearranges.Clear();
             break;
         }

@@ -72,14 +72,20 @@ bool DockingCovers(CVisualElement const* parent, rectangle<int> const& place, re
     return place == bounds && Inside(place, parent->GetBounds());
 }
 
-// The element repaints a place, in its own coordinates, that its children drew on: the nearest ancestor
-// whose own rectangle holds the place repaints, since the element's does not always.
-void RepaintPlace(CVisualElement* element, rectangle<int> place) {
+// The nearest of `element` and its ancestors whose own rectangle holds `place`, given in the element's
+// coordinates: the one that repaints there, since the element's rectangle does not always.
+CVisualElement* Holder(CVisualElement* element, rectangle<int> place) {
     CVisualElement* e = element;
     while (e->GetParent() && !(HasArea(e->GetPosition()) && Inside(place, e->GetBounds()))) {
         Shift(place, e->GetPosition().left, e->GetPosition().top);
         e = e->GetParent();
     }
+    return e;
+}
+
+// The element repaints a place that its children drew on.
+void RepaintPlace(CVisualElement* element, rectangle<int> const& place) {
+    CVisualElement* const e = Holder(element, place);
     e->OnChange(e, UpdateLocal);
 }
 } // namespace
@@ -631,8 +637,12 @@ void CVisualElement::OnChange(CVisualElement* sender, UpdateType type) {
     if (BeforeProcessChange(sender, type)) ProcessChange(&sender);
     if (sender) {
         CVisualElement* const parent = sender->m_parent;
-        // A transparent element shows its parent through: the parent repaints first.
-        if (parent && sender->IsTransparent()) parent->OnChange(parent, type);
+        // A transparent element shows through what lies behind it, which repaints first: its parent, or an
+        // ancestor further up where it stands beyond the parent.
+        if (parent && sender->IsTransparent()) {
+            CVisualElement* const behind = Holder(parent, sender->GetPosition());
+            behind->OnChange(behind, type);
+        }
         for (CVisualElement* e = parent; e && sender; e = e->m_parent)
             if (e->BeforeProcessChange(sender, type)) e->ProcessChange(&sender);
     }
@@ -918,7 +928,8 @@ void ScrollOnSetPos(CVisualElement* element, rectangle<int> const& newRect, rect
                     rectangle<int> const& drawBounds) {
     CVisualElement* const parent = element->GetParent();
     IControl* const control = element->GetControl();
-    if (!parent || !control || !element->IsDisplayable()) return;
+    // Below an ancestor squeezed to nothing the element is not on the screen: the pixels there are others'.
+    if (!parent || !control || !element->IsVisible() || !IsDrawn(parent)) return;
     int const dx = newRect.left - oldRect.left, dy = newRect.top - oldRect.top;
     if (dx == 0 && dy == 0) return;
     // The window's pixels there show the later sibling on top too: they cannot move with the element.

@@ -8,6 +8,15 @@
 
 namespace mirelfrw7 {
 
+namespace {
+// The children dock inside the content rectangle: left where they were, they would cover the new frame or
+// leave a gap to it until something else arranged the bevel.
+void Redock(CBevel* bevel) {
+    bevel->OnChange(bevel, UpdateLocal);
+    bevel->SetPos(bevel->GetPosition(), true);
+}
+} // namespace
+
 CBevel::CBevel(CVisualElement* parent, size<int> const& elementSize, Alignment alignment)
     : CVisualElement(parent, elementSize, alignment) {}
 
@@ -26,13 +35,13 @@ void CBevel::SetShape(BorderShape shape) {
 void CBevel::SetOffset(rectangle<int> const& offset) {
     if (offset == m_offset) return;
     m_offset = offset;
-    OnChange(this, UpdateLocal);
+    Redock(this);
 }
 
 void CBevel::SetContentOffset(rectangle<int> offset) {
     if (offset == m_contentOffset) return;
     m_contentOffset = offset;
-    OnChange(this, UpdateLocal);
+    Redock(this);
 }
 
 rectangle<double> CBevel::GetBevelRect() const {

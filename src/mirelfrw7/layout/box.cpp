@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <utility>
 
 namespace mirelfrw7 {
 
@@ -18,6 +19,7 @@ void CBoxBase::ProcessSetControl(IControl* control) {
     CScrolled::ProcessSetControl(control);
     m_autoSize = false;
     m_leaving = nullptr;
+    m_sum = -1;
 }
 
 void CBoxBase::AfterSetControl() {
@@ -29,7 +31,7 @@ void CBoxBase::AfterSetControl() {
 void CBoxBase::AddNewChild(CVisualElement* child) {
     if (child == m_leaving) m_leaving = nullptr;
     CScrolled::AddNewChild(child);
-    RecalculateSize();
+    MeasureFor(child, 0);
 }
 
 // A box that keeps its size leaves the rearrangement where it was asked for: taking it over would queue the
@@ -38,7 +40,11 @@ void CBoxBase::AddNewChild(CVisualElement* child) {
 void CBoxBase::ProcessRearrange(CVisualElement** target) {
     if (*target == this || !m_autoSize) return;
     size<int> const before = m_size;
-    RecalculateSize();
+    // A descendant deeper down may live where a child known before died: only a child of the box counts.
+    if (*target == m_known && (*target)->GetParent() == this)
+        MeasureFor(m_known, m_knownTerm);
+    else
+        RecalculateSize();
     if (m_size != before) *target = this;
 }
 
@@ -46,24 +52,40 @@ void CBoxBase::ProcessRearrange(CVisualElement** target) {
 bool CBoxBase::BeforeProcessChange(CVisualElement* sender, UpdateType type) {
     if ((type & UpdateLeaving) && m_autoSize && sender->GetParent() == this) {
         m_leaving = sender;
-        RecalculateSize();
+        MeasureFor(sender, sender == m_known ? m_knownTerm : -1);
     }
     return CScrolled::BeforeProcessChange(sender, type);
 }
 
+void CBoxBase::MeasureFor(CVisualElement const* child, std::int64_t oldTerm) {
+    m_changed = child;
+    m_changedTerm = oldTerm;
+    RecalculateSize();
+    m_changed = nullptr;
+}
+
+std::int64_t CBoxBase::Term(CVisualElement const* child, bool vertical) const {
+    if (!child->IsVisible() || child == m_leaving) return 0;
+    Alignment const a = child->GetAlignment();
+    bool const along = a == AlignClient ||
+                       (vertical ? a == AlignTop || a == AlignBottom : a == AlignLeft || a == AlignRight);
+    return along ? std::int64_t(vertical ? child->GetSize().cy : child->GetSize().cx) + 1 : 0;
+}
+
 void CBoxBase::Recalculate(bool vertical) {
+    CVisualElement const* const changed = std::exchange(m_changed, nullptr);
     if (!m_control) return;
-    std::int64_t sum = m_padSize;
-    for (int i = 0, count = m_children->GetCount(); i < count; ++i) {
-        CVisualElement const* const child = m_children->GetItem(i);
-        if (!child->IsVisible() || child == m_leaving) continue;
-        Alignment const a = child->GetAlignment();
-        bool const along = a == AlignClient ||
-                           (vertical ? a == AlignTop || a == AlignBottom : a == AlignLeft || a == AlignRight);
-        if (along) sum += std::int64_t(vertical ? child->GetSize().cy : child->GetSize().cx) + 1;
+    if (m_sum >= 0 && changed && m_changedTerm >= 0) {
+        m_sum += Term(changed, vertical) - m_changedTerm;
+    } else {
+        m_sum = 0;
+        for (int i = 0, count = m_children->GetCount(); i < count; ++i)
+            m_sum += Term(m_children->GetItem(i), vertical);
     }
+    m_known = changed;
+    m_knownTerm = changed ? Term(changed, vertical) : 0;
     size<int> s = m_size;
-    (vertical ? s.cy : s.cx) = SaturatingInt(sum);
+    (vertical ? s.cy : s.cx) = SaturatingInt(m_sum + m_padSize);
     SetSize(s, false);
 }
 

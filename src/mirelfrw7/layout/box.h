@@ -3,6 +3,8 @@
 #include <mirelfrw7/export.h>
 #include <mirelfrw7/layout/scrolled.h>
 
+#include <cstdint>
+
 namespace mirelfrw7 {
 
 // A holder that sizes itself to its children along one axis: the sum of the sizes of the visible children
@@ -35,6 +37,21 @@ protected:
 
     bool m_autoSize;
     int m_padSize = 0;
+    // What one child adds to the measure along `vertical`: its size and the pixel after it, or nothing.
+    std::int64_t Term(CVisualElement const* child, bool vertical) const;
+    // Measures after a change of `child` alone, whose term was `oldTerm` before it.
+    void MeasureFor(CVisualElement const* child, std::int64_t oldTerm);
+    // The sum of the children's terms as the last measure found it, -1 from the attaching of a control to
+    // the measure after it, while changes go by unmeasured; with it the term of the last child measured for,
+    // which may have died since. A run of changes to one child (added, then asking
+    // for its rearrangement) is measured from these without a walk over all children, which filling a
+    // box one child after another would otherwise make quadratic.
+    std::int64_t m_sum = -1;
+    CVisualElement const* m_known = nullptr;
+    std::int64_t m_knownTerm = 0;
+    // The child whose change the running measure is for, with its term before the change.
+    CVisualElement const* m_changed = nullptr;
+    std::int64_t m_changedTerm = 0;
     // A child on its way out: it is told to leave, and asks its parent to rearrange, while still in the
     // list, so the measure must skip it. Compared by address only; cleared when a child is added, should
     // one come back or another take its address.

@@ -46,16 +46,19 @@ TEST(Bevel, AFrameTurnedInsideOutByItsOffsetStaysWithinTheBounds) {
         ASSERT_EQ(image.At(x, 3), image.At(50, 10)) << "at " << x;
 }
 
+// A child docked to fill the content follows a new inset at once.
 TEST(Bevel, TheContentIsInsetByTheOffsetAndTheContentOffset) {
     for (SInsets const& v : InsetVectors) {
         CControlFixture f;
         CBevel bevel(f.Root(), {0, 0}, AlignNone);
-        bevel.SetPos({5, 5, 45, 35}, false);
+        mirel_test::CFilledElement child(&bevel, {0, 0}, AlignClient);
+        bevel.SetPos({5, 5, 45, 35}, true);
         EXPECT_EQ(bevel.GetContentRect(), (R{2, 2, 38, 28})) << "the default reserves 2 pixels";
         bevel.SetOffset(v.offset);
         bevel.SetContentOffset(v.contentOffset);
         EXPECT_EQ(bevel.GetBevelRect(), v.bevel);
         EXPECT_EQ(bevel.GetContentRect(), v.content);
+        EXPECT_EQ(child.GetPosition(), v.content);
     }
 }
 
@@ -90,19 +93,23 @@ TEST(Bevel, TheDefaultShapeDrawsNoFrameAndAFrameTakesItsShadesFromTheBackground)
     EXPECT_NE(lines[2].find("brush=" + shadow), std::string::npos) << lines[2];
 }
 
-// Where no child covers the inside, the parent shows: a border that repaints alone would leave there what
-// a hidden child drew.
-TEST(Border, TheParentRepaintsWithIt) {
-    CControlFixture f;
-    mirel_test::CFilledElement parent(f.Root(), {0, 0}, AlignClient);
-    CBorder border(&parent, {40, 0}, AlignLeft);
-    mirel_test::CFilledElement child(&border, {0, 10}, AlignTop);
-    f.control->Rearrange();
-    f.Paint();
-    parent.paints = 0;
-    child.SetVisible(false);
-    f.Paint();
-    EXPECT_EQ(parent.paints, 1);
+// Where no child covers the inside, what lies behind shows: a border that repaints alone would leave there
+// what a hidden child drew. Behind it is its parent, or the grandparent where the border stands beyond it.
+TEST(Border, WhatLiesBehindRepaintsWithIt) {
+    for (bool const beyond : {false, true}) {
+        CControlFixture f;
+        mirel_test::CFilledElement grandparent(f.Root(), {0, 0}, AlignClient);
+        mirel_test::CFilledElement parent(&grandparent, {5, 0}, AlignLeft);
+        CBorder border(&parent, {40, 0}, beyond ? AlignNone : AlignLeft);
+        mirel_test::CFilledElement child(&border, {0, 10}, AlignTop);
+        f.control->Rearrange();
+        if (beyond) border.SetPos({0, 0, 28, 18}, false);
+        f.Paint();
+        parent.paints = grandparent.paints = 0;
+        child.SetVisible(false);
+        f.Paint();
+        EXPECT_EQ((beyond ? grandparent : parent).paints, 1) << beyond;
+    }
 }
 
 TEST(Border, PaintsOnlyItsFrameAndNothingWhenTransparent) {

@@ -26,25 +26,24 @@ struct CCounting : Box {
     int measured = 0;
 };
 
-TEST(Box, AVertBoxTakesTheHeightsOfItsStackedChildrenEachAndAPixelAndItsPad) {
+// Boxes of two docked children of 10 and 20 along the axis and a pad of 5, besides an undocked and a side
+// child that never count.
+TEST(Box, ABoxTakesTheSizesOfItsDockedChildrenEachAndAPixelAndItsPad) {
     CControlFixture f;
-    CVertBox box(f.Root(), {50, 0}, AlignTop);
-    CFilledElement a(&box, {0, 10}, AlignTop), b(&box, {0, 20}, AlignBottom);
-    CFilledElement loose(&box, {0, 40}, AlignNone), side(&box, {7, 40}, AlignLeft);
-    box.SetBottomPadSize(5);
-    EXPECT_EQ(box.GetSize(), (S{50, 37}));
+    CVertBox vert(f.Root(), {50, 0}, AlignTop);
+    CFilledElement a(&vert, {0, 10}, AlignTop), b(&vert, {0, 20}, AlignBottom);
+    CFilledElement loose(&vert, {0, 40}, AlignNone), side(&vert, {7, 40}, AlignLeft);
+    vert.SetBottomPadSize(5);
+    CHorzBox horz(f.Root(), {0, 30}, AlignLeft);
+    CFilledElement c(&horz, {10, 0}, AlignLeft), d(&horz, {20, 0}, AlignClient), top(&horz, {0, 9}, AlignTop);
+    horz.SetRightPadSize(5);
+    EXPECT_EQ(vert.GetSize(), (S{50, 37}));
+    EXPECT_EQ(horz.GetSize(), (S{37, 30}));
     side.SetSize({7, 60}, false);
-    EXPECT_EQ(box.GetSize(), (S{50, 37})) << "neither an undocked nor a side child counts";
-    box.SetBottomPadSize(-3);
-    EXPECT_EQ(box.GetSize(), (S{50, 32})) << "a negative pad is none";
-}
-
-TEST(Box, AHorzBoxTakesTheWidthsOfItsLinedUpChildren) {
-    CControlFixture f;
-    CHorzBox box(f.Root(), {0, 30}, AlignLeft);
-    CFilledElement a(&box, {10, 0}, AlignLeft), b(&box, {20, 0}, AlignClient), top(&box, {0, 9}, AlignTop);
-    box.SetRightPadSize(5);
-    EXPECT_EQ(box.GetSize(), (S{37, 30}));
+    loose.SetSize({7, 60}, false);
+    EXPECT_EQ(vert.GetSize(), (S{50, 37}));
+    vert.SetBottomPadSize(-3);
+    EXPECT_EQ(vert.GetSize(), (S{50, 32})) << "a negative pad is none";
 }
 
 TEST(Box, HidingAChildResizesTheBoxAtOnceAndTheBoxIsDockedAnew) {
@@ -89,6 +88,21 @@ TEST(Box, AnInnerBoxMeasuredAgainWhileItsOuterBoxIsPlacedIsPlacedInTheSamePaint)
     f.Paint();
     EXPECT_EQ(inner.GetSize().cy, 0);
     EXPECT_EQ(below.GetPosition(), (mirel7::rectangle<int>{0, 1, 199, 4}));
+}
+
+// Placed across anew, the box measures itself and takes another width while its parent places it: the parent
+// places it once more in the same layout.
+TEST(Box, ABoxThatMeasuresAnewWhileItsParentPlacesItIsPlacedAgain) {
+    CControlFixture f;
+    CFilledElement holder(f.Root(), {0, 0}, AlignNone);
+    holder.SetPos({0, 0, 40, 30}, false);
+    CHorzBox box(&holder, {0, 0}, AlignNone);
+    box.SetSize({36, 21}, false); // kept until the box measures
+    f.Paint();
+    box.SetAlignment(AlignRight);
+    f.Paint();
+    EXPECT_EQ(box.GetSize(), (S{0, 21}));
+    EXPECT_EQ(box.GetPosition(), (mirel7::rectangle<int>{40, 0, 40, 30}));
 }
 
 TEST(Box, ATreeBuiltDetachedIsMeasuredOnceWhenAttachedInnerBoxesFirst) {

@@ -29,19 +29,15 @@ struct CentralPart : testing::Test {
     CCentralPart part{f.Root(), {0, 0}, AlignClient};
 };
 
-TEST_F(CentralPart, NoMoveIsNoScroll) {
-    R const valid = part.GetValidRect();
-    EXPECT_FALSE(part.ScrollContent(0, 0));
-    EXPECT_EQ(part.GetValidRect(), valid);
-}
-
 struct SScroll {
     int dx, dy;
     Lines blit;
     R valid;
 };
 
+// No move is no scroll and leaves the valid rectangle; a move as large as it empties it.
 SScroll const Scrolls[] = {
+    {0, 0, {}, {0, 0, 199, 79}},
     {0, -10, {"ScrollBuffer 0,-10 0,30,199,99"}, {0, 0, 199, 69}},
     {0, 10, {"ScrollBuffer 0,10 0,20,199,89"}, {0, 10, 199, 79}},
     {5, 0, {"ScrollBuffer 5,0 0,20,194,99"}, {5, 0, 199, 79}},
@@ -54,10 +50,12 @@ TEST_F(CentralPart, TheValidRectShrinksByTheScrollAndAScrollAsLargeAsItEmptiesIt
         part.Update(UpdateLocal);
         f.Paint();
         f.Recorder()->Clear();
-        EXPECT_TRUE(part.ScrollContent(s.dx, s.dy));
+        EXPECT_EQ(part.ScrollContent(s.dx, s.dy), s.dx != 0 || s.dy != 0);
         EXPECT_EQ(f.Recorder()->Lines({"ScrollBuffer"}), s.blit) << s.dx << "," << s.dy;
         EXPECT_EQ(part.GetValidRect(), s.valid) << s.dx << "," << s.dy;
     }
+    part.SetCentralPane(&strip);
+    EXPECT_EQ(part.GetCentralPane(), &part) << "always its own central pane";
 }
 
 // The part keeps its place in its holder while the holder moves down the window with its bottom edge:
@@ -73,6 +71,19 @@ TEST(CentralPartIn, AMovingHolderInvalidatesIt) {
     EXPECT_EQ(part.GetPosition(), (R{0, 0, 50, 40}));
     EXPECT_EQ(part.GetValidRect(), (R{0, 0, 0, 0}));
     EXPECT_EQ(part.GetRearrangeRect(), (R{0, 89, 50, 129}));
+}
+
+// Below an element squeezed to nothing the part is not on the screen: the pixels a blit would move there are
+// others'.
+TEST(CentralPartIn, ASqueezedParentMovesNoPixels) {
+    CControlFixture f;
+    CFilledElement squeezed(f.Root(), {0, 0}, AlignLeft);
+    CCentralPart part(&squeezed, {0, 0}, AlignNone);
+    part.SetPos({0, 0, 30, 30}, false);
+    f.Paint();
+    f.Recorder()->Clear();
+    part.SetPos({0, 5, 30, 35}, false);
+    EXPECT_EQ(f.Recorder()->Lines({"ScrollBuffer"}), Lines{});
 }
 
 // Over 0..199 x 20..99 of the window: 1000 units from 250 at 4 to a pixel across, 50 from 5 at 20 pixels
@@ -96,11 +107,6 @@ TEST_F(CentralPart, DrawsInTheUnitsOfBothModelsAndLeavesThePainterAloneWithoutOn
     painter.GetCoordSystem(mode, &info);
     EXPECT_EQ(mode, IPainter::MapElement);
     EXPECT_EQ(info, IPainter::CoordInfo::Mapping(250, 5, 1000, 50, 0, 20, 250, 1000));
-}
-
-TEST_F(CentralPart, IsItsOwnCentralPane) {
-    part.SetCentralPane(&strip);
-    EXPECT_EQ(part.GetCentralPane(), &part);
 }
 
 } // namespace

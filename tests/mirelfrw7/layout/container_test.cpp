@@ -86,6 +86,13 @@ TEST_F(Container, FocusPassesBothWaysOnce) {
 }
 
 TEST_F(Container, ForwardsToTheNativeControlAndForgetsItAtTheControlsDestruction) {
+    CFakeNative outliving;
+    auto* doomed = new CContainer(&holder, {0, 5}, AlignTop);
+    doomed->SetNativeControl(&outliving);
+    f.Paint();
+    ASSERT_TRUE(outliving.visible);
+    delete doomed;
+    EXPECT_FALSE(outliving.visible) << "left over the window where the container was";
     container.SetNativeControl(&native);
     container.SetEnabled(false);
     EXPECT_FALSE(native.enabled);

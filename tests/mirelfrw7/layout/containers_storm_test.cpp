@@ -73,18 +73,8 @@ CVisualElement* MakeContainer(CVisualElement* parent, std::mt19937& random) {
     return e;
 }
 
-// Panes stay out: a long storm finds a pane outline that a full paint does not show, also for a pane whose
-// focus never changes, which is still to be tracked down.
-CVisualElement* MakeContainerButPane(CVisualElement* parent, std::mt19937& random) {
-    CVisualElement* const e = MakeContainer(parent, random);
-    if (!dynamic_cast<CPane*>(e)) return e;
-    delete e;
-    return new mirel_test::CFilledElement(parent, {Uniform(random, 1, 40), Uniform(random, 1, 40)},
-                                          RandomAlignment(random));
-}
-
 TEST(ContainersStorm, SurviveRandomInputAndTreeChanges) {
-    EXPECT_TRUE(mirel_test::SurvivesStorm(MakeContainerButPane, 16, mirel_test::StormActions(5000, 20000)));
+    EXPECT_TRUE(mirel_test::SurvivesStorm(MakeContainer, 16, mirel_test::StormActions(5000, 20000)));
 }
 
 void Build(CVisualElement* parent, std::mt19937& random, int depth) {
@@ -115,9 +105,7 @@ void Change(CBaseControl& control, std::mt19937& random) {
         e->SetBkColor(RandomColor(random));
     } else if (auto* const bevel = dynamic_cast<CBevel*>(e)) {
         bevel->SetShape(static_cast<CBevel::BorderShape>(Uniform(random, 0, 7)));
-        // A new inset only repaints: the children move when the bevel is arranged again.
         bevel->SetContentOffset({Uniform(random, 0, 4), Uniform(random, 0, 4), 2, 2});
-        bevel->SetPos(bevel->GetPosition(), true);
         if (auto* const border = dynamic_cast<CBorder*>(e)) border->SetTransparent(!border->IsTransparent());
     } else if (auto* const box = dynamic_cast<CVertBox*>(e)) {
         box->SetBottomPadSize(Uniform(random, 0, 9));
