@@ -36,6 +36,7 @@ struct Bar : testing::Test, tarnkit2::subscriber_base_t {
         r.axis.sigSectionResizeRelease.connect(this, &Bar::OnResizeEnd);
         r.axis.sigDragRelease.connect(this, &Bar::OnDragEnd);
         r.axis.sigStartBarResize.connect(this, &Bar::OnStartBarResize);
+        r.axis.sigReorder.connect(this, &Bar::OnReorder);
         r.f.control->Rearrange();
     }
     void OnPress(int i, bool& ok) { Note("press " + std::to_string(i)), ok = accept; }
@@ -49,8 +50,19 @@ struct Bar : testing::Test, tarnkit2::subscriber_base_t {
     void OnClick(int i) { Note("click " + std::to_string(i)); }
     void OnResizeEnd(int i) { Note("resize end " + std::to_string(i)); }
     void OnDragEnd(int i) { Note("drag end " + std::to_string(i)); }
+    void OnReorder(CBar*, int from, int to) {
+        Note("reorder " + std::to_string(from) + " " + std::to_string(to));
+    }
+    void OnHover(CBar::BarHit const& hit) {
+        Note("hover " + std::to_string(hit.kind) + " " + std::to_string(hit.index));
+    }
     void Note(std::string s) { journal.push_back(std::move(s)); }
 
+    void Drag(std::vector<int> const& xs) {
+        r.f.window->InjectButtonDown(xs.front(), 30);
+        for (int x : xs)
+            r.f.window->InjectMouseMove(x, 30, mirel7::FlagLeftButton);
+    }
     void Click(int x, int modifiers = 0) {
         r.f.window->InjectButtonDown(x, 30, mirel7::ButtonLeft, modifiers);
         r.f.window->InjectButtonUp(x, 30, mirel7::ButtonLeft, modifiers);
@@ -112,12 +124,63 @@ TEST_F(Bar, BorderDragResizesDownToTheMinimum) {
                                         "resized 2 60", "resize end 2", "release 2"}));
 }
 
-TEST_F(Bar, APressThatMovesFarBecomesADrag) {
-    r.f.window->InjectButtonDown(40, 30);
-    r.f.window->InjectMouseMove(60, 30, mirel7::FlagLeftButton);
+TEST_F(Bar, ADraggedSectionIsReorderedAndKeepsItsSelection) {
+    r.axis.SetDragFlags(1);
+    r.axis.sigHover.connect(this, &Bar::OnHover);
+    Drag({40, 60, 150});
     EXPECT_EQ(r.axis.GetMouseState(), CBar::Dragging);
-    r.f.window->InjectButtonUp(60, 30);
-    EXPECT_EQ(journal, (std::vector<std::string>{"press 2", "start drag", "drag end 2", "release 2"}));
+    EXPECT_EQ(r.axis.GetDragSection(), 2);
+    EXPECT_EQ(r.axis.GetDropIndex(), 5) << "the first half of section 5";
+    r.f.window->InjectButtonUp(150, 30);
+    EXPECT_EQ(journal,
+              (std::vector<std::string>{"hover 1 2", "press 2", "hover 1 2", "hover 2 2", "start drag",
+                                        "hover 1 5", "drag end 2", "release 2", "reorder 2 4"}));
+    EXPECT_EQ(Selected(), (std::vector<int>{4}));
+    EXPECT_EQ(r.axis.GetDragSection(), -1);
+}
+
+TEST_F(Bar, RefusedDragsAndDropsOnTheirOwnPlaceSendNoReorder) {
+    // Off, two sections selected, the last 4 pixels, back on its place, just after it.
+    struct {
+        unsigned flags;
+        int modifiers, x, end;
+    } const cases[] = {
+        {0, 0, 40, 130}, {1, mirel7::FlagShift, 40, 130}, {1, 0, 197, 100}, {1, 0, 50, 53}, {2, 0, 62, 105}};
+    for (auto const& c : cases) {
+        r.axis.SetDragFlags(c.flags);
+        Click(80);
+        journal.clear();
+        r.f.window->InjectButtonDown(c.x, 30, mirel7::ButtonLeft, c.modifiers);
+        r.f.window->InjectMouseMove(c.end, 30, mirel7::FlagLeftButton);
+        r.f.window->InjectButtonUp(c.end, 30);
+        EXPECT_NE(journal.back().substr(0, 7), "reorder") << c.x << " to " << c.end;
+    }
+}
+
+TEST_F(Bar, DraggingNearEitherEndScrollsOnceATick) {
+    r.axis.SetDragFlags(1);
+    Drag({40, 60, 195});
+    ASSERT_TRUE(r.axis.GetScrollTimer().IsRunning());
+    std::vector<double> starts;
+    std::vector<int> drops;
+    for (int tick = 0; tick < 3; ++tick) {
+        r.f.system.Advance(100);
+        starts.push_back(r.model.start * 40);
+        drops.push_back(r.axis.GetDropIndex());
+    }
+    EXPECT_EQ(starts, (std::vector<double>{64, 68, 76}));
+    EXPECT_EQ(drops, (std::vector<int>{6, 7, 7}));
+    r.f.window->InjectMouseMove(100, 30, mirel7::FlagLeftButton);
+    EXPECT_FALSE(r.axis.GetScrollTimer().IsRunning()) << "away from the ends";
+    r.f.window->InjectMouseMove(5, 30, mirel7::FlagLeftButton);
+    r.f.system.Advance(100);
+    EXPECT_EQ(r.model.start * 40, 72);
+    r.f.window->InjectMouseMove(195, 30, mirel7::FlagLeftButton);
+    r.f.system.Advance(100);
+    EXPECT_EQ(r.model.start * 40, 76);
+    r.f.window->InjectButtonUp(195, 30);
+    EXPECT_FALSE(r.axis.GetScrollTimer().IsRunning());
+    EXPECT_EQ(journal.back(), "reorder 2 6");
 }
 
 TEST_F(Bar, TheOuterEdgeResizesTheBarWithinItsLimits) {
