@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include <string>
 #include <vector>
 
@@ -194,3 +196,30 @@ TEST_F(Bar, TheOuterEdgeResizesTheBarWithinItsLimits) {
 }
 
 } // namespace
+
+TEST_F(Bar, DrawsVisibleSectionsFromTheAxisStartInHighlightColours) {
+    r.axis.SetSelectedSections({2});
+    std::vector<mirel_test::SLabel> const labels = r.Draw();
+    EXPECT_EQ(mirel_test::Texts(labels), (std::vector<std::string>{"S1", "S2", "S3", "S4", "S5", "S6"}));
+    std::vector<std::string> const cells = r.f.Recorder()->Lines({"DrawString"});
+    EXPECT_EQ(cells[1], "DrawString \"S2\" 20,19,59,39 flags=0x164 color=#ffffff at=32,21,48,37");
+    EXPECT_EQ(cells[5].substr(0, 35), "DrawString \"S6\" 180,19,198,39 flags") << "cut at the bar's end";
+    std::vector<std::string> fills = r.f.Recorder()->Lines({"FillRect"});
+    EXPECT_EQ(std::count(fills.begin(), fills.end(), "FillRect 20,19,59,39 brush=#0078d7"), 1);
+}
+
+// A right bar below a top strip: the bar starts at x 20 and its axis at y 30 of the control.
+TEST(BarAwayFromTheOrigin, PressesMeasureAlongFromTheAxisStart) {
+    mirel_test::TRuler<CBar> r{200, AlignRight, 0, 8, 1.5, 1.0 / 40};
+    mirel_test::CFilledElement top{r.f.Root(), {0, 30}, mirelfrw7::AlignTop};
+    CSections sections;
+    r.axis.SetCaptionSource(&sections);
+    r.f.control->Rearrange();
+    struct CSlot : tarnkit2::subscriber_base_t {
+        int pressed = -1;
+        void OnPress(int i, bool&) { pressed = i; }
+    } slot;
+    r.axis.sigStartSectionPress.connect(&slot, &CSlot::OnPress);
+    r.f.window->InjectButtonDown(30, 70);
+    EXPECT_EQ(slot.pressed, 2) << "40 pixels past the axis start at 1.5";
+}
