@@ -311,13 +311,13 @@ bool CBar::HandleMouseMove(int x, int y, int, MouseButton) {
         int const across = AcrossOf(p);
         // The outer edge is the top or left of a top or left bar: moving it back makes the bar thicker.
         bool const outerFirst = GetAlignment() == AlignTop || GetAlignment() == AlignLeft;
-        rectangle<int> const b = GetBounds();
-        int const thickness =
-            int(GetAcross(b.Width(), b.Height())) + (outerFirst ? -1 : 1) * (across - m_mouseStart);
+        // The size asked for, not the bounds: moves may come before the layout that follows each of them.
+        size<int> const b = GetSize();
+        int const thickness = int(GetAcross(b.cx, b.cy)) + (outerFirst ? -1 : 1) * (across - m_mouseStart);
         int const limited = std::clamp(thickness, m_minBarSize, m_maxBarSize);
         m_mouseStart = across;
         bool const vertical = GetAlignment() == AlignLeft || GetAlignment() == AlignRight;
-        SetSize(vertical ? size<int>{limited, b.Height()} : size<int>{b.Width(), limited}, false);
+        SetSize(vertical ? size<int>{limited, b.cy} : size<int>{b.cx, limited}, false);
         break;
     }
     case Idle:

@@ -2,6 +2,7 @@
 #include <mirelfrw7/chart/caption_source.h>
 
 #include "mirelfrw7/chart/ruler_fixture.h"
+#include "support/repaint_property.h"
 
 #include <mirel7/events.h>
 
@@ -193,6 +194,77 @@ TEST_F(Bar, TheOuterEdgeResizesTheBarWithinItsLimits) {
     EXPECT_EQ(journal, (std::vector<std::string>{"start bar resize"}));
     r.f.control->Rearrange();
     EXPECT_EQ(r.axis.GetBounds().Height(), 30);
+}
+
+// A bar that owns its sections and does what its signals ask: widths change, sections move.
+struct CTimeline : CBar, ICaptionSource {
+    explicit CTimeline(CVisualElement* parent) : CBar(parent, {24, 24}, AlignBottom) {
+        model.fixed = false;
+        model.measure = {1.0 / 30, 1};
+        model.stepSize = [this](double i) { return i < 0 || i >= GetCount() ? 1.0 : widths[std::size_t(i)]; };
+        SetHorzScroll(&model);
+        SetCaptionSource(this);
+        SetResizeFlags(3);
+        SetDragFlags(1);
+        sigSectionResized.connect(this, &CTimeline::OnResized);
+        sigReorder.connect(this, &CTimeline::OnReorder);
+    }
+    int GetCount() const override { return int(widths.size()); }
+    std::string GetCaption(int i) const override { return names[std::size_t(i)]; }
+    void OnResized(int i, double size) { widths[std::size_t(i)] = size, Update(UpdateLocal); }
+    void OnReorder(CBar*, int from, int to) {
+        std::swap(names[std::size_t(from)], names[std::size_t(to)]);
+        Update(UpdateLocal);
+    }
+    mirel_test::CTestScrollModel model{0, 12};
+    std::vector<double> widths{1, 2, 1.5, 1, 0.5, 3, 1, 1, 2, 1, 1, 1};
+    std::vector<std::string> names{"a", "b", "c", "d", "e", "f", "g", "h", "i", "j", "k", "l"};
+};
+
+TEST(BarRepaint, ZoomScrollSelectResizeAndDragRepaintLikeAFullPaint) {
+    mirel_test::SRepaintScenario scenario;
+    scenario.clientSize = {200, 80};
+    scenario.build = [](CBaseControl& control) {
+        auto* const bar = new CTimeline(control.GetContent());
+        bar->SetCentralPane(new mirel_test::CFilledElement(control.GetContent(), {0, 0}, AlignClient));
+        control.Rearrange();
+    };
+    scenario.act = [](CBaseControl& control, mirel7::headless::CHeadlessWindow& window,
+                      std::mt19937& random) {
+        auto* const bar = static_cast<CTimeline*>(control.GetContent()->GetChildren()->GetItem(0));
+        int const x = mirel_test::Uniform(random, 0, 199), y = mirel_test::Uniform(random, 55, 79);
+        switch (mirel_test::Uniform(random, 0, 3)) {
+        case 0:
+            bar->model.measure = {1.0 / mirel_test::Uniform(random, 10, 60), 1};
+            bar->Update(UpdateLocal);
+            break;
+        case 1:
+            bar->model.start = mirel_test::Uniform(random, 0, 16) * 0.5;
+            bar->Update(UpdateLocal);
+            break;
+        case 2: {
+            int const modifiers[] = {0, mirel7::FlagShift, mirel7::FlagControl};
+            int const m = modifiers[mirel_test::Uniform(random, 0, 2)];
+            window.InjectMouseMove(x, y, m);
+            window.InjectButtonDown(x, y, mirel7::ButtonLeft, m);
+            window.InjectButtonUp(x, y, mirel7::ButtonLeft, m);
+            break;
+        }
+        default: {
+            // A press that resizes a section or the bar, or drags a section, depending on where it lands.
+            int const to = mirel_test::Uniform(random, 0, 199);
+            window.InjectMouseMove(x, y);
+            window.InjectButtonDown(x, y);
+            window.InjectMouseMove((x + to) / 2, y, mirel7::FlagLeftButton);
+            window.InjectMouseMove(to, y - mirel_test::Uniform(random, 0, 8), mirel7::FlagLeftButton);
+            window.InjectButtonUp(to, y);
+            // A resized bar is laid out before the next input, as the paint between events would.
+            control.Rearrange();
+        }
+        }
+    };
+    for (unsigned seed = 1; seed <= 6; ++seed)
+        EXPECT_TRUE(mirel_test::IncrementalPaintEqualsFullPaint(scenario, seed));
 }
 
 } // namespace
