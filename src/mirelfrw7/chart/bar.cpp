@@ -163,8 +163,13 @@ void CBar::DrawContent(IPainter* painter) {
     if (!painter || !model || !m_captionSource) return;
     painter->SetElementFlag(0);
     DrawBackground(painter);
-    SetCoordSystem(painter);
+    // Cut in the element's own coordinates: the bar's mapping may turn either way.
     CClipHolder const clip(painter, GetDrawRect(painter));
+    // What the control draws after the content, such as a focus frame, comes in the element's mapping.
+    IPainter::MapMode mode;
+    IPainter::CoordInfo saved;
+    painter->GetCoordSystem(mode, &saved);
+    SetCoordSystem(painter);
     CFontHolder const font(painter, *this);
     int const count = Count();
     for (int i = std::max(0, int(model->GetStart())); i < count; ++i) {
@@ -176,6 +181,7 @@ void CBar::DrawContent(IPainter* painter) {
             DrawSection(painter, rectangle<int>(MakeRect(from, 0, to, GetAcross(s.right, s.bottom))), i,
                         m_selection.IsSelected(i) || m_rangeSelection.IsSelected(i));
     }
+    painter->SetCoordSystem(mode, &saved);
 }
 
 void CBar::DrawSection(IPainter* painter, rectangle<int> const& rect, int index, bool selected) {
