@@ -379,6 +379,12 @@ void CBar::HandleMouseLeave(CVisualElement*) {
     OnChange(this, UpdateLocal);
 }
 
+void CBar::SetAlignment(Alignment alignment) {
+    CCategoricalAxis::SetAlignment(alignment);
+    // Along and across change places.
+    OnSigResize(this);
+}
+
 void CBar::OnSigResize(CVisualElement*) {
     rectangle<int> const b = GetBounds();
     m_alongStart = m_acrossStart = 0;

@@ -64,6 +64,7 @@ public:
     bool HandleButtonDown(int x, int y, int flags, MouseButton button) override;
     bool HandleButtonUp(int x, int y, int flags, MouseButton button) override;
     void HandleMouseLeave(CVisualElement* next) override;
+    void SetAlignment(Alignment alignment) override;
     void FillHorizontal(IPainter::CoordInfo* info, IScrollModel* model) override;
     void FillVertical(IPainter::CoordInfo* info, IScrollModel* model) override;
     bool HandleStartDragging(int x, int y, DragInfo& info) override;

@@ -280,6 +280,31 @@ TEST_F(Bar, DrawsVisibleSectionsFromTheAxisStartInHighlightColours) {
     EXPECT_EQ(std::count(fills.begin(), fills.end(), "FillRect 20,19,59,39 brush=#0078d7"), 1);
 }
 
+// Pixels from the axis start along, from the pane across: a turned direction starts at the far side.
+TEST(BarMapping, RunsFromTheStartAndAwayFromThePane) {
+    struct {
+        Alignment edge;
+        double from, to;
+        int x, y, cx, cy;
+    } const cases[] = {{AlignBottom, 0, 8, 0, 19, 199, 20},
+                       {AlignTop, 0, 8, 0, 20, 199, -20},
+                       {AlignBottom, 8, 0, 199, 19, -199, 20},
+                       {AlignLeft, 0, 8, 20, 0, -20, 199},
+                       {AlignRight, 8, 0, 19, 199, 20, -199}};
+    for (auto const& c : cases) {
+        mirel_test::TRuler<CBar> r{200, c.edge, c.from, c.to, 0, 1.0 / 40};
+        r.f.control->Rearrange();
+        IPainter::CoordInfo info;
+        if (c.edge == AlignLeft || c.edge == AlignRight)
+            r.axis.FillVertical(&info, &r.model);
+        else
+            r.axis.FillHorizontal(&info, &r.model);
+        EXPECT_EQ(std::vector<int>({info.x, info.y, info.cx, info.cy}),
+                  std::vector<int>({c.x, c.y, c.cx, c.cy}))
+            << c.edge << " " << c.from;
+    }
+}
+
 // A right bar below a top strip: the bar starts at x 20 and its axis at y 30 of the control.
 TEST(BarAwayFromTheOrigin, PressesMeasureAlongFromTheAxisStart) {
     mirel_test::TRuler<CBar> r{200, AlignRight, 0, 8, 1.5, 1.0 / 40};
