@@ -22,7 +22,7 @@ struct CTimeline : CBar, ICaptionSource {
     explicit CTimeline(CVisualElement* parent) : CBar(parent, {0, 30}, AlignBottom) {
         model.fixed = false;
         model.measure = {1.0 / 50, 1};
-        model.stepSize = [this](double i) { return widths[std::size_t(i)]; };
+        model.stepSize = [this](double i) { return i < 0 || i >= GetCount() ? 1.0 : widths[std::size_t(i)]; };
         SetHorzScroll(&model);
         SetCaptionSource(this);
         SetResizeFlags(1);
