@@ -159,10 +159,12 @@ CBar::BarHit CBar::HitTest(point<int> const& p) const {
 
 void CBar::DrawContent(IPainter* painter) {
     m_firstPaint = false;
-    IScrollModel* const model = GetScrollModel();
-    if (!painter || !model || !m_captionSource) return;
+    if (!painter) return;
     painter->SetElementFlag(0);
+    // Without sections the bar still owns its rectangle: what was drawn there before must go.
     DrawBackground(painter);
+    IScrollModel* const model = GetScrollModel();
+    if (!model || !m_captionSource) return;
     // Cut in the element's own coordinates: the bar's mapping may turn either way.
     CClipHolder const clip(painter, GetDrawRect(painter));
     // What the control draws after the content, such as a focus frame, comes in the element's mapping.

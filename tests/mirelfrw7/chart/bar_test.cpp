@@ -280,6 +280,21 @@ TEST_F(Bar, DrawsVisibleSectionsFromTheAxisStartInHighlightColours) {
     EXPECT_EQ(std::count(fills.begin(), fills.end(), "FillRect 20,19,59,39 brush=#0078d7"), 1);
 }
 
+// A bar with nothing to show, without a model or without captions, still paints its background over what
+// stood there.
+TEST(BarWithoutSections, PaintsItsBackground) {
+    for (bool const captions : {false, true}) {
+        mirel_test::TRuler<CBar> r{200, AlignBottom, 0, 8, 0, 1.0 / 40};
+        CSections sections;
+        if (captions) r.axis.SetCaptionSource(&sections), r.axis.SetHorzScroll(nullptr);
+        r.axis.SetBkColor(mirel7::_color(1, 2, 3));
+        r.Draw();
+        std::vector<std::string> const fills = r.f.Recorder()->Lines({"FillRect"});
+        EXPECT_EQ(std::count(fills.begin(), fills.end(), "FillRect 0,19,199,39 brush=#010203"), 1)
+            << captions;
+    }
+}
+
 // Pixels from the axis start along, from the pane across: a turned direction starts at the far side.
 TEST(BarMapping, RunsFromTheStartAndAwayFromThePane) {
     struct {
