@@ -2,10 +2,12 @@
 #include <mirelfrw7/chart/caption_source.h>
 #include <mirelfrw7/core/clip_holder.h>
 #include <mirelfrw7/core/control.h>
+#include <mirelfrw7/scroll/axis_mapping.h>
 #include <mirelfrw7/scroll/scroll_converter.h>
 #include <mirelfrw7/scroll/scroll_model.h>
 
 #include <mirel7/border.h>
+#include <mirel7/custom_palette.h>
 #include <mirel7/events.h>
 #include <mirel7/sys_window.h>
 #include <mirel7/window_painter.h>
@@ -25,7 +27,10 @@ constexpr int GrabDistance = 3;
 } // namespace
 
 CBar::CBar(CVisualElement* parent, size<int> const& elementSize, Alignment alignment)
-    : CCategoricalAxis(parent, elementSize, alignment) {}
+    : CCategoricalAxis(parent, elementSize, alignment) {
+    sigPosChanged.connect(this, &CBar::OnSigResize);
+    m_scrollTimer.sigTick.connect(this, &CBar::OnSigTimerTick);
+}
 
 int CBar::Count() const {
     return m_captionSource ? m_captionSource->GetCount() : 0;
@@ -38,9 +43,53 @@ double CBar::Map() const {
     return pixels / units;
 }
 
+void CBar::FillHorizontal(IPainter::CoordInfo* info, IScrollModel* model) {
+    FillMapping(info, model);
+}
+
+void CBar::FillVertical(IPainter::CoordInfo* info, IScrollModel* model) {
+    FillMapping(info, model);
+}
+
+void CBar::FillMapping(IPainter::CoordInfo* info, IScrollModel* model) const {
+    if (!info || !model) return;
+    rectangle<int> const r = Truncated(GetAxisRect(nullptr));
+    bool const vertical = GetAlignment() == AlignLeft || GetAlignment() == AlignRight;
+    bool const backward = model->GetFrom() > model->GetTo();
+    // Along from the start of the range, across away from the pane.
+    bool const flipX = vertical ? GetAlignment() == AlignLeft : backward;
+    bool const flipY = vertical ? backward : GetAlignment() == AlignTop;
+    info->left = info->top = 0;
+    info->width = r.Width();
+    info->height = r.Height();
+    info->x = flipX ? r.right : r.left;
+    info->y = flipY ? r.bottom : r.top;
+    info->cx = flipX ? -r.Width() : r.Width();
+    info->cy = flipY ? -r.Height() : r.Height();
+}
+
+IPainter::CoordInfo CBar::Mapping() const {
+    IPainter::CoordInfo info;
+    FillMapping(&info, GetScrollModel());
+    return info;
+}
+
+rectangle<int> CBar::BarToElement(rectangle<double> const& r) const {
+    IPainter::CoordInfo const m = Mapping();
+    auto const x = [&m](double v) { return m.width == 0 ? m.x : m.x + v * m.cx / m.width; };
+    auto const y = [&m](double v) { return m.height == 0 ? m.y : m.y + v * m.cy / m.height; };
+    rectangle<int> out =
+        rectangle<int>(rectangle<double>(x(r.left), y(r.top), x(r.right), y(r.bottom))).Normalized();
+    ControlToElement(&out);
+    return out;
+}
+
 double CBar::AlongOf(point<int> const& p) const {
-    rectangle<double> const r = GetAxisRect(nullptr);
-    return GetAlong(p.x, p.y) - std::min(GetAlong(r.left, r.top), GetAlong(r.right, r.bottom));
+    IPainter::CoordInfo const m = Mapping();
+    bool const vertical = GetAlignment() == AlignLeft || GetAlignment() == AlignRight;
+    int const device = vertical ? p.y - m.y : p.x - m.x;
+    int const extent = vertical ? m.cy : m.cx;
+    return extent == 0 ? 0.0 : double(device) * (vertical ? m.height : m.width) / extent;
 }
 
 int CBar::AcrossOf(point<int> const& p) const {
@@ -110,30 +159,31 @@ CBar::BarHit CBar::HitTest(point<int> const& p) const {
 
 void CBar::DrawContent(IPainter* painter) {
     m_firstPaint = false;
-    IScrollModel* const model = GetScrollModel();
-    if (!painter || !model || !m_captionSource) return;
+    if (!painter) return;
     painter->SetElementFlag(0);
+    // Without sections the bar still owns its rectangle: what was drawn there before must go.
     DrawBackground(painter);
-    CClipHolder const clip(painter, rectangle<double>(GetBounds()));
+    IScrollModel* const model = GetScrollModel();
+    if (!model || !m_captionSource) return;
+    // Cut in the element's own coordinates: the bar's mapping may turn either way.
+    CClipHolder const clip(painter, GetDrawRect(painter));
+    // What the control draws after the content, such as a focus frame, comes in the element's mapping.
+    IPainter::MapMode mode;
+    IPainter::CoordInfo saved;
+    painter->GetCoordSystem(mode, &saved);
+    SetCoordSystem(painter);
     CFontHolder const font(painter, *this);
-    rectangle<int> axis(GetAxisRect(nullptr));
-    ControlToElement(&axis);
-    double const alongStart = std::min(GetAlong(axis.left, axis.top), GetAlong(axis.right, axis.bottom));
-    double const alongEnd = std::max(GetAlong(axis.left, axis.top), GetAlong(axis.right, axis.bottom));
-    double const acrossStart = std::min(GetAcross(axis.left, axis.top), GetAcross(axis.right, axis.bottom));
     int const count = Count();
     for (int i = std::max(0, int(model->GetStart())); i < count; ++i) {
         rectangle<double> const s = GetSectionRect(i);
-        double const from = alongStart + GetAlong(s.left, s.top),
-                     to = alongStart + GetAlong(s.right, s.bottom);
-        if (from > alongEnd) break;
-        if (to < alongStart) continue;
-        rectangle<double> const cell = MakeRect(from, acrossStart + GetAcross(s.left, s.top), to,
-                                                acrossStart + GetAcross(s.right, s.bottom));
+        double const from = GetAlong(s.left, s.top);
+        if (from >= m_alongEnd) break;
+        double const to = std::min(GetAlong(s.right, s.bottom), double(m_alongEnd));
         if (i != m_dragSection)
-            DrawSection(painter, rectangle<int>(cell), i,
+            DrawSection(painter, rectangle<int>(MakeRect(from, 0, to, GetAcross(s.right, s.bottom))), i,
                         m_selection.IsSelected(i) || m_rangeSelection.IsSelected(i));
     }
+    painter->SetCoordSystem(mode, &saved);
 }
 
 void CBar::DrawSection(IPainter* painter, rectangle<int> const& rect, int index, bool selected) {
@@ -143,11 +193,17 @@ void CBar::DrawSection(IPainter* painter, rectangle<int> const& rect, int index,
     rectangle<double> const cell(r);
     _color const text = painter->GetTextColor();
     if (selected) {
+        mirel7::mirel_ptr<mirel7::ICustomPalette> own;
+        mirel7::ICustomPalette* palette = painter->GetCustomPalette();
+        if (!palette) {
+            own = mirel7::CreateCustomPalette();
+            palette = own.get();
+        }
         brush fill;
-        fill.color = GetFgColor();
+        fill.color = palette->GetColor(mirel7::ISysPalette::ColorHighlight);
         painter->SetBrush(fill);
         painter->FillRect(cell);
-        painter->SetTextColor(GetBkColor());
+        painter->SetTextColor(palette->GetColor(mirel7::ISysPalette::ColorHighlightText));
     }
     mirel7::DrawBorder(painter, cell, mirel7::BorderBox, mirel7::BorderRaised, false);
     std::string const caption = m_captionSource ? m_captionSource->GetCaption(index) : std::to_string(index);
@@ -263,13 +319,13 @@ bool CBar::HandleMouseMove(int x, int y, int, MouseButton) {
         int const across = AcrossOf(p);
         // The outer edge is the top or left of a top or left bar: moving it back makes the bar thicker.
         bool const outerFirst = GetAlignment() == AlignTop || GetAlignment() == AlignLeft;
-        rectangle<int> const b = GetBounds();
-        int const thickness =
-            int(GetAcross(b.Width(), b.Height())) + (outerFirst ? -1 : 1) * (across - m_mouseStart);
+        // The size asked for, not the bounds: moves may come before the layout that follows each of them.
+        size<int> const b = GetSize();
+        int const thickness = int(GetAcross(b.cx, b.cy)) + (outerFirst ? -1 : 1) * (across - m_mouseStart);
         int const limited = std::clamp(thickness, m_minBarSize, m_maxBarSize);
         m_mouseStart = across;
         bool const vertical = GetAlignment() == AlignLeft || GetAlignment() == AlignRight;
-        SetSize(vertical ? size<int>{limited, b.Height()} : size<int>{b.Width(), limited}, false);
+        SetSize(vertical ? size<int>{limited, b.cy} : size<int>{b.cx, limited}, false);
         break;
     }
     case Idle:
@@ -323,6 +379,19 @@ void CBar::HandleMouseLeave(CVisualElement*) {
     if (m_mouseState != Pressed) return;
     m_mouseState = Idle;
     OnChange(this, UpdateLocal);
+}
+
+void CBar::SetAlignment(Alignment alignment) {
+    CCategoricalAxis::SetAlignment(alignment);
+    // Along and across change places.
+    OnSigResize(this);
+}
+
+void CBar::OnSigResize(CVisualElement*) {
+    rectangle<int> const b = GetBounds();
+    m_alongStart = m_acrossStart = 0;
+    m_alongEnd = int(GetAlong(b.Width(), b.Height()));
+    m_acrossEnd = int(GetAcross(b.Width(), b.Height()));
 }
 
 void CBar::GetSelectedSections(std::vector<int>& out) const {

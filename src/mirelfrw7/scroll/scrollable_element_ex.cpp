@@ -77,6 +77,9 @@ void CScrollableElementEx::SetCoordSystem(IPainter* painter) {
     IPainter::CoordInfo info;
     painter->GetCoordSystem(mode, &info);
     if (IScrollModel* const model = GetScrollModel(); model && m_control) {
+        // The mapping is whole, in control coordinates: it applies even where the element was drawn in
+        // device pixels, as the control's content is on a full repaint.
+        mode = IPainter::MapElement;
         if (GetAlignment() == AlignTop || GetAlignment() == AlignBottom)
             FillHorizontal(&info, model);
         else

@@ -18,8 +18,8 @@ public:
     virtual void FillHorizontal(IPainter::CoordInfo* info, IScrollModel* model);
     virtual void FillVertical(IPainter::CoordInfo* info, IScrollModel* model);
     void SetAlignment(Alignment alignment) override;
-    // Lays the logical coordinates of the model along the strip over the painter's mapping; the map mode
-    // stays.
+    // Lays the logical coordinates of the model along the strip over the painter's mapping, which becomes
+    // an element mapping.
     void SetCoordSystem(IPainter* painter) override;
 
     // Null when the strip lies on no edge.

@@ -33,11 +33,11 @@ struct Strips : testing::Test {
     static Info Expected(double left, double top, double width, double height, int x, int y, int cx, int cy) {
         return Info::Mapping(left, top, width, height, x, y, cx, cy);
     }
-    // The mapping a strip lays over a painter that maps nothing yet.
-    Info MappingOf(CScrollableElementEx& strip) {
+    // The mapping a strip lays over a painter that maps nothing yet, in either mode.
+    Info MappingOf(CScrollableElementEx& strip, IPainter::MapMode over = IPainter::MapElement) {
         mirel7::CRecordingPainter& painter = *f.Recorder();
         Info blank;
-        painter.SetCoordSystem(IPainter::MapElement, &blank);
+        painter.SetCoordSystem(over, &blank);
         strip.SetCoordSystem(&painter);
         IPainter::MapMode mode;
         Info info;
@@ -71,6 +71,13 @@ TEST_F(Strips, WithoutAPaneTheAxisRectangleIsCutToTheControlsOrigin) {
     std::swap(horz.from, horz.to);
     EXPECT_EQ(MappingOf(top), Expected(250, 0, 1000, 20, 0, 20, -250, -20))
         << "a backward range has no length to run back over";
+}
+
+// The control's content is drawn in device pixels on a full repaint and through an element mapping on a
+// partial one: a strip there must map the same way in both.
+TEST_F(Strips, AMappingLaidOverDevicePixelsIsTheSame) {
+    for (CScrollableElementEx* strip : {&top, &left})
+        EXPECT_EQ(MappingOf(*strip, IPainter::MapDevice), MappingOf(*strip));
 }
 
 TEST_F(Strips, EachStripTracksTheModelAlongIt) {
