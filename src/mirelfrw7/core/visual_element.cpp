@@ -631,8 +631,9 @@ void CVisualElement::OnChange(CVisualElement* sender, UpdateType type) {
     if (BeforeProcessChange(sender, type)) ProcessChange(&sender);
     if (sender) {
         CVisualElement* const parent = sender->m_parent;
-        // A transparent element shows its parent through: the parent repaints first.
-        if (parent && sender->IsTransparent()) parent->OnChange(parent, type);
+        // A transparent element shows its parent through: the parent repaints first. Not when it leaves:
+        // the parent it has then may be a new one, in another control, which must not forget it.
+        if (parent && sender->IsTransparent() && !(type & UpdateLeaving)) parent->OnChange(parent, type);
         for (CVisualElement* e = parent; e && sender; e = e->m_parent)
             if (e->BeforeProcessChange(sender, type)) e->ProcessChange(&sender);
     }
