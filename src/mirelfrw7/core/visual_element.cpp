@@ -105,8 +105,8 @@ bool GetExtent(CVisualElement const* element, rectangle<int>& extent, bool shown
 }
 
 CVisualElement::CVisualElement(CVisualElement* parent, size<int> const& elementSize, Alignment alignment)
-    : m_size(Wanted(elementSize, true)), m_alignment(alignment), m_bkSysColor(DefaultBkSysColor),
-      m_fgSysColor(DefaultFgSysColor), m_children(new CChildren) {
+    : m_size(Wanted(elementSize, true)), m_alignment(alignment), m_children(&m_ownChildren),
+      m_bkSysColor(DefaultBkSysColor), m_fgSysColor(DefaultFgSysColor) {
     ReParent(parent, true);
 }
 
@@ -121,8 +121,6 @@ CVisualElement::~CVisualElement() {
     else
         SetControl(nullptr);
     m_children->Clear();
-    delete m_children;
-    m_children = nullptr;
 }
 
 // --- Geometry ---------------------------------------------------------------------------------------------
