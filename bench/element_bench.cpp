@@ -81,7 +81,7 @@ void ForcedSetPos(benchmark::State& state) {
         root->SetPos(root->GetPosition(), true);
     state.SetItemsProcessed(state.iterations() * state.range(0));
 }
-BENCHMARK(ForcedSetPos)->Arg(1000)->Arg(10000);
+BENCHMARK(ForcedSetPos)->Arg(100)->Arg(1000)->Arg(10000);
 
 void PartialPaint(benchmark::State& state) {
     STree tree(10000, state.range(0) == 0);

@@ -239,15 +239,14 @@ void CBaseControlImp::ForceRearrange() {
 void CBaseControlImp::RearrangeInt() {
     if (m_rearrangeLocks != 0 || m_rearranges.IsEmpty()) return;
     m_rearranges.Reduce();
-    // A layout that keeps queuing elements is cut off: three equal rounds in a row, or an oscillation that
-    // outlasts any real cascade. Two are no sign of it: a child that takes a new size while its parent
-    // places it, as a box measuring itself anew does, asks that parent once more.
-    constexpr int MaxRounds = 64;
+    // A layout that keeps queuing elements is cut off. A round may ask again for what it just placed (a box
+    // that measured anew while it was placed) and is laid out once more; asking a third time in a row, or an
+    // oscillation that outlasts any real cascade, never settles.
+    constexpr int MaxRounds = 64, MaxRepeats = 2;
     CElementList previous;
-    int repeats = 0;
-    for (int round = 0; !m_rearranges.IsEmpty(); ++round) {
+    for (int round = 0, repeats = 0; !m_rearranges.IsEmpty(); ++round) {
         repeats = previous == m_rearranges ? repeats + 1 : 0;
-        if (repeats == 2 || round == MaxRounds) {
+        if (repeats == MaxRepeats || round == MaxRounds) {
             m_rearranges.Clear();
             break;
         }

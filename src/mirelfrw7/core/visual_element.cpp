@@ -111,8 +111,8 @@ bool GetExtent(CVisualElement const* element, rectangle<int>& extent, bool shown
 }
 
 CVisualElement::CVisualElement(CVisualElement* parent, size<int> const& elementSize, Alignment alignment)
-    : m_size(Wanted(elementSize, true)), m_alignment(alignment), m_bkSysColor(DefaultBkSysColor),
-      m_fgSysColor(DefaultFgSysColor), m_children(new CChildren) {
+    : m_size(Wanted(elementSize, true)), m_alignment(alignment), m_children(&m_ownChildren),
+      m_bkSysColor(DefaultBkSysColor), m_fgSysColor(DefaultFgSysColor) {
     ReParent(parent, true);
 }
 
@@ -127,8 +127,6 @@ CVisualElement::~CVisualElement() {
     else
         SetControl(nullptr);
     m_children->Clear();
-    delete m_children;
-    m_children = nullptr;
 }
 
 // --- Geometry ---------------------------------------------------------------------------------------------
@@ -638,8 +636,9 @@ void CVisualElement::OnChange(CVisualElement* sender, UpdateType type) {
     if (sender) {
         CVisualElement* const parent = sender->m_parent;
         // A transparent element shows through what lies behind it, which repaints first: its parent, or an
-        // ancestor further up where it stands beyond the parent.
-        if (parent && sender->IsTransparent()) {
+        // ancestor further up where it stands beyond the parent. Not when it leaves: the parent it has then may
+        // be a new one, in another control, which must not forget it.
+        if (parent && sender->IsTransparent() && !(type & UpdateLeaving)) {
             CVisualElement* const behind = Holder(parent, sender->GetPosition());
             behind->OnChange(behind, type);
         }

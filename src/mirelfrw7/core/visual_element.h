@@ -60,6 +60,25 @@ class MIRELFRW7_API CVisualElement : public CBase,
                                      public CDragSource,
                                      public CDropTarget,
                                      public tarnkit2::subscriber_base_t {
+protected:
+    // What a layout or update pass reads of every element, together at the front: a pass over more elements
+    // than the caches hold then fetches two lines of each (with the signal a pass emits), not five spread
+    // over an element whose signals, colours, font and texts lie between.
+    rectangle<int> m_bounds;
+    rectangle<int> m_validRect;
+    size<int> m_size;
+    Alignment m_alignment;
+    bool m_visible = true;
+    bool m_enabled = true;
+    IControl* m_control = nullptr;
+    CVisualElement* m_parent = nullptr;
+    IChildren* m_children;
+
+private:
+    // The element's own child list, inside it rather than allocated apart: one allocation less per element
+    // and no line of its own to fetch.
+    CChildren m_ownChildren;
+
 public:
     template <class... A>
     using signal_t = tarnkit2::signal_t<A...>;
@@ -300,12 +319,6 @@ public:
     void ProcessControlDestroy();
 
 protected:
-    rectangle<int> m_bounds;
-    rectangle<int> m_validRect;
-    size<int> m_size;
-    Alignment m_alignment;
-    bool m_visible = true;
-    bool m_enabled = true;
     int m_cursor = 1;
     font m_font;
     _color m_bkColor;
@@ -315,9 +328,6 @@ protected:
     std::string m_tooltip;
     bool m_tooltipFlag = false;
     mirel7::IPopupMenu* m_contextMenu = nullptr;
-    IControl* m_control = nullptr;
-    IChildren* m_children;
-    CVisualElement* m_parent = nullptr;
     CVisualElement* m_focusDelegate = nullptr;
     bool m_pressed = false;
     bool m_focusable = false;

@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <climits>
 #include <cmath>
-#include <cstdint>
 
 namespace mirelfrw7 {
 
@@ -44,15 +43,27 @@ double CScrollConverter::P2L(int pixel) const {
     auto const [first, second] = UsableMeasure(*m_model);
     if (IsLinear(*m_model)) return pixel * first / second + std::min(m_model->GetFrom(), m_model->GetTo());
     double rest = pixel * first / second;
-    // Past the end the answer is just above the range; step numbers are ints, which bounds the walk too.
-    double const limit = std::min(std::max(m_model->GetFrom(), m_model->GetTo()), double(INT_MAX));
-    std::int64_t i = 0;
-    do {
-        double const step = m_model->GetStepSize(double(i));
-        if (rest - step < 0) return step == 0.0 ? double(i) : double(i) + rest / step;
-        rest -= step;
-        ++i;
-    } while (double(i) <= limit);
+    // Past the end the answer is just above the range; step numbers are ints, which bounds the search too.
+    double const last = std::max(m_model->GetFrom(), m_model->GetTo());
+    int const end = last >= 1.0 ? int(std::min(last, double(INT_MAX) - 1.0)) + 1 : 1;
+    // Runs of steps are passed whole while they fit, doubling after each that does and halving after each
+    // that does not: a model that sums its steps from stored entries answers in about as many sums as the
+    // position has bits, however many steps of size 0 it passes.
+    int i = 0;
+    for (int run = 1; i < end;) {
+        run = std::min(run, end - i);
+        double const size = m_model->GetStepsSize(i, i + run);
+        if (size <= rest) {
+            rest -= size;
+            i += run;
+            run = run > INT_MAX / 2 ? INT_MAX : 2 * run;
+        } else if (run > 1) {
+            run /= 2;
+        } else {
+            double const step = m_model->GetStepSize(double(i));
+            return step == 0.0 ? double(i) : double(i) + rest / step;
+        }
+    }
     return double(i);
 }
 

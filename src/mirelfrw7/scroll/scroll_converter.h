@@ -15,7 +15,8 @@ MIRELFRW7_API std::pair<double, int> UsableMeasure(IScrollModel const& model);
 // lower end of the range; callers subtract as they need.
 //
 // A model that is linear (fixed or inseparable steps, the two item models among them) converts in constant
-// time; any other pays a walk over its steps up to the position. A measure with a zero part converts one
+// time; any other is asked for the sums of runs of its steps (GetStepsSize), so that one that answers them
+// from stored entries converts without a walk over every step. A measure with a zero part converts one
 // logical unit to one pixel rather than divide by zero.
 class MIRELFRW7_API CScrollConverter {
 public:

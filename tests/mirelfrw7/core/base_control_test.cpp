@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -123,6 +124,28 @@ TEST(Rearranging, ASizeChangedAfterAnArrangementIsLaidOutInTheSamePass) {
     top.SetSize({0, 20}, false);
     f.Paint();
     EXPECT_EQ(client.GetPosition(), (R{0, 31, 199, 99}));
+}
+
+TEST(Rearranging, AnElementThatMeasuresAnewWhilePlacedIsLaidOutAgainInTheSamePass) {
+    // Like a box sized by its children: placing it once changes its height, which asks its parent again.
+    struct CMeasuring : CFilledElement {
+        using CFilledElement::CFilledElement;
+        void SetPos(rectangle<int> const& r, bool force) override {
+            CFilledElement::SetPos(r, force);
+            if (int const h = std::exchange(measured, 0)) SetHeight(h, false);
+        }
+        int measured = 0;
+    };
+    CControlFixture f;
+    CFilledElement holder(f.Root(), {0, 0}, AlignClient);
+    CMeasuring measuring(&holder, {0, 10}, AlignTop);
+    CFilledElement below(&holder, {0, 0}, AlignClient);
+    f.Paint();
+    measuring.measured = 30;
+    measuring.SetHeight(20, false);
+    f.Imp()->ForceRearrange();
+    EXPECT_EQ(measuring.GetPosition(), (R{0, 0, 199, 30}));
+    EXPECT_EQ(below.GetPosition(), (R{0, 31, 199, 99}));
 }
 
 TEST(Rearranging, ALayoutThatNeverSettlesStopsAfterTwoEqualRounds) {

@@ -341,6 +341,16 @@ TEST_F(UpdateProtocol, ADeletedElementLeavesEveryListAndPointerOfTheControl) {
     f.Paint();
 }
 
+TEST_F(UpdateProtocol, ATransparentElementMovedToAnotherControlIsForgottenThereAndItsNewParentIsNot) {
+    CControlFixture other;
+    child.transparent = true;
+    f.Imp()->SetCapture(&child);
+    other.Imp()->SetMouseElement(other.Root());
+    child.ReParent(other.Root(), true);
+    EXPECT_EQ(f.Imp()->GetCapture(), nullptr);
+    EXPECT_EQ(other.Imp()->GetMouseElement(), other.Root());
+}
+
 // Paints each element of a tree once, then counts the paints that follow.
 struct Repaints : testing::Test {
     CControlFixture f;

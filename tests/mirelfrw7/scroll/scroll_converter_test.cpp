@@ -8,6 +8,8 @@
 
 #include <gtest/gtest.h>
 
+#include <map>
+
 namespace {
 
 using namespace mirelfrw7;
@@ -80,6 +82,28 @@ TEST(ScrollConverter, OtherModelsWalkTheirSteps) {
     model.stepSize = [](double) { return 0.0; };
     EXPECT_EQ(converter.P2L(-5), 0.0) << "a zero step is never divided by";
     EXPECT_EQ(converter.P2L(5), 11.0);
+}
+
+// Steps of size 0 over 2^31 but for a few stored ones, summed from what is stored as a sparse model does:
+// walking every step would take minutes.
+TEST(ScrollConverter, ALongRunOfEmptyStepsIsPassedFromTheStoredSums) {
+    struct CSparse : CTestScrollModel {
+        CSparse() : CTestScrollModel(0, 2147483648.0) {
+            fixed = false;
+            stepSize = [this](double step) { return sizes.count(int(step)) ? sizes.at(int(step)) : 0.0; };
+        }
+        double GetStepsSize(int from, int to) const override {
+            double sum = 0.0;
+            for (auto it = sizes.lower_bound(from); it != sizes.end() && it->first < to; ++it)
+                sum += it->second;
+            return sum;
+        }
+        std::map<int, double> sizes{{3, 2.0}, {1 << 30, 4.0}, {2147483640, 8.0}};
+    } model;
+    CScrollConverter converter(&model);
+    EXPECT_EQ(converter.P2L(1), 3.5);
+    EXPECT_EQ(converter.P2L(3), (1 << 30) + 0.25);
+    EXPECT_EQ(converter.P2L(10), 2147483640.5);
 }
 
 TEST(ScrollConverter, NormalizingFitsAWideRangeInto31Bits) {
