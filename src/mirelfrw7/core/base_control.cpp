@@ -120,7 +120,10 @@ void CBaseControlImp::ProcessDraw(IPainter* painter) {
 
     screen_rectangle<int> client;
     window->GetClientRect(client);
-    if (paintAll || !m_updates.IsEmpty()) {
+    // A drag that begins or ends works its copy of the window at the next paint, also one with nothing else
+    // to draw: a copy first taken later would hold the item this paint lays on the window.
+    bool const dragCopyDue = (m_mouseFlags & (DragBufferDue | DragBufferDrop)) != 0;
+    if (paintAll || !m_updates.IsEmpty() || dragCopyDue) {
         if (m_draggedElement || (m_mouseFlags & DragBufferDrop)) {
             if (!m_dragInfo.useBuffer) {
                 m_mouseFlags &= ~DragBufferDrop;
@@ -142,9 +145,9 @@ void CBaseControlImp::ProcessDraw(IPainter* painter) {
             }
         }
 
-        if (m_fullRepaint || m_updates.IsEmpty())
+        if (m_fullRepaint || (paintAll && m_updates.IsEmpty()))
             m_content->OnDraw(painter);
-        else
+        else if (!m_updates.IsEmpty())
             DrawUpdates(painter);
 
         m_updates.Clear();

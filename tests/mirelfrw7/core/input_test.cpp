@@ -364,6 +364,19 @@ TEST_F(Drag, ADragBegunBeforeTheLastOnesCopyWentLaysItAndTakesItsOwn) {
     f.window->InjectButtonUp(45, 30);
 }
 
+// A drag begun in code asks for no repaint; a paint for another reason, with nothing of the tree to draw,
+// still takes the copy of the window before the drag item goes on it.
+TEST_F(Drag, AFirstPaintWithNothingElseToDrawTakesTheCopyBeforeTheItem) {
+    f.window->InjectButtonUp(30, 30);
+    f.Paint();
+    f.Imp()->StartDragging(&b, DragInfo());
+    f.window->Invalidate({0, 0, 1, 1});
+    f.Recorder()->Clear();
+    f.Paint();
+    EXPECT_EQ(f.Recorder()->Lines({"ExtractRasterPicture"}),
+              (std::vector<std::string>{"ExtractRasterPicture 0,0,200,100"}));
+}
+
 // Deletes the element whose signal it is on.
 struct CDeleter : tarnkit2::subscriber_base_t {
     void Delete(CVisualElement* e, int, int, int, mirel7::MouseButton) { delete e; }
