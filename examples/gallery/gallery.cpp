@@ -47,7 +47,8 @@ public:
             painter->FillRect(tab);
             painter->SetTextColor(mirel7::_color(255, 255, 255));
             painter->DrawString(tab, pages[std::size_t(i)].name,
-                                mirel7::IPainter::AlignHCenter | mirel7::IPainter::AlignVCenter);
+                                mirel7::IPainter::AlignHCenter | mirel7::IPainter::AlignVCenter |
+                                    mirel7::IPainter::ClipToRect);
         }
     }
 

@@ -16,7 +16,7 @@
 
 namespace {
 
-constexpr mirel7::size<int> WindowSize{800, 600};
+constexpr mirel7::size<int> WindowSize{960, 600};
 
 int WriteScreenshots(std::filesystem::path const& directory, double scale) {
     std::error_code error;
