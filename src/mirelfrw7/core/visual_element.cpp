@@ -636,8 +636,8 @@ void CVisualElement::OnChange(CVisualElement* sender, UpdateType type) {
     if (sender) {
         CVisualElement* const parent = sender->m_parent;
         // A transparent element shows through what lies behind it, which repaints first: its parent, or an
-        // ancestor further up where it stands beyond the parent. Not when it leaves: the parent it has then may
-        // be a new one, in another control, which must not forget it.
+        // ancestor further up where it stands beyond the parent. Not when it leaves: the parent it has then
+        // may be a new one, in another control, which must not forget it.
         if (parent && sender->IsTransparent() && !(type & UpdateLeaving)) {
             CVisualElement* const behind = Holder(parent, sender->GetPosition());
             behind->OnChange(behind, type);
