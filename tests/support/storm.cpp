@@ -42,8 +42,10 @@ void Collect(CVisualElement* e, std::vector<CVisualElement*>& out) {
 }
 
 // Places a full layout decides: elements below an undocked one are laid out only when something asks for
-// it, so their places depend on the history and stay out of the comparison.
+// it, and a hidden one is not laid out at all, so their places depend on the history and stay out of the
+// comparison.
 void CollectPlaced(CVisualElement* e, std::map<CVisualElement*, rectangle<int>>& out) {
+    if (!e->IsVisible()) return;
     out[e] = e->GetPosition();
     if (e->GetAlignment() == AlignNone) return;
     for (int i = 0; i < e->GetChildren()->GetCount(); ++i)
