@@ -53,6 +53,21 @@ void PlainNewDelete(benchmark::State& state) {
 }
 BENCHMARK(PlainNewDelete);
 
+// Deleting an element with `count` children, per child: the children leave one after another.
+void DeleteWide(benchmark::State& state) {
+    mirel7::headless::CHeadlessSystem system;
+    for (auto _ : state) {
+        state.PauseTiming();
+        auto* parent = new CBlock(nullptr, {0, 0}, AlignNone);
+        for (int i = 0; i < state.range(0); ++i)
+            new CBlock(parent, {1, 1}, AlignLeft);
+        state.ResumeTiming();
+        delete parent;
+    }
+    state.SetItemsProcessed(state.iterations() * state.range(0));
+}
+BENCHMARK(DeleteWide)->Arg(1000)->Arg(10000)->Arg(100000);
+
 // A control with `count` leaves docked in rows of ten under strips.
 struct STree {
     explicit STree(int count, bool record)
