@@ -208,9 +208,8 @@ public:
     void RemoveVisualElement(int modelIndex);
     void RecreateElements();
     void RecreateElement(int modelIndex, ElementAnchor& anchor);
-    // Both answer whether an element that docks was shown or hidden, which moves its docked siblings.
-    bool UpdateElementsPos();
-    bool UpdateElementPos(int modelIndex, ElementAnchor& anchor);
+    void UpdateElementsPos();
+    void UpdateElementPos(int modelIndex, ElementAnchor& anchor);
 
 protected:
     void SaveItemWidth(int index, int size) override;

@@ -29,13 +29,7 @@ void CHeader::SetCoordSystem(IPainter*) {}
 
 void CHeader::SetPos(rectangle<int> const& newRect, bool force) {
     CScrollableElementEx::SetPos(newRect, force);
-    // A hosted element that docks takes a strip while it is shown. Shown or hidden here, after the other
-    // children were docked, it leaves them out of place; and its request to dock them again would come from
-    // inside this very layout, where the control takes it for a loop and drops it. So they dock again now.
-    if (UpdateElementsPos()) {
-        CScrollableElementEx::SetPos(newRect, true);
-        UpdateElementsPos();
-    }
+    UpdateElementsPos();
 }
 
 void CHeader::DrawContent(IPainter* painter) {
@@ -234,25 +228,21 @@ void CHeader::RecreateElement(int modelIndex, ElementAnchor& anchor) {
     UpdateElementPos(modelIndex, anchor);
 }
 
-bool CHeader::UpdateElementsPos() {
-    bool docking = false;
+void CHeader::UpdateElementsPos() {
     for (auto& [modelIndex, anchor] : m_elements)
-        docking |= UpdateElementPos(modelIndex, anchor);
-    return docking;
+        UpdateElementPos(modelIndex, anchor);
 }
 
 // An element that was moved to another parent is left where its new parent puts it.
-bool CHeader::UpdateElementPos(int modelIndex, ElementAnchor& anchor) {
-    if (!anchor.element || anchor.element->GetParent() != this) return false;
-    bool const wasVisible = anchor.element->IsVisible();
+void CHeader::UpdateElementPos(int modelIndex, ElementAnchor& anchor) {
+    if (!anchor.element || anchor.element->GetParent() != this) return;
     FindByModelIndex find(modelIndex);
     WalkHeaderModel(m_model, find, 0);
     rectangle<double> const rect = GetItemRect(find.m_found);
     rectangle<int> const bounds = GetBounds();
-    bool const docks = anchor.element->GetAlignment() != AlignNone;
     if (rect.IsAllZero() || rect.right < bounds.left || rect.left > bounds.right) {
         anchor.element->SetVisible(false);
-        return docks && wasVisible;
+        return;
     }
     rectangle<int> place(m_visualisation->GetSectionContentRect(rect, find.m_found));
     size<int> const wanted = anchor.element->GetSize();
@@ -281,7 +271,6 @@ bool CHeader::UpdateElementPos(int modelIndex, ElementAnchor& anchor) {
     }
     anchor.element->SetPos(place, false);
     anchor.element->SetVisible(true);
-    return docks && !wasVisible;
 }
 
 } // namespace mirelfrw7
