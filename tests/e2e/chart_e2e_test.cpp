@@ -68,7 +68,8 @@ TEST_F(BarOnX, ASectionMovesAndAnotherResizesUnderThePointer) {
     bar->GetSelectedSections(selected);
     EXPECT_EQ(selected, std::vector<int>{3}) << "the selection follows the section";
 
-    Xdotool("mousemove " + At(49, 65) + " mousedown 1");
+    // The press lands near the last one: it waits out the double-click time, so as to be a press of its own.
+    Xdotool("mousemove " + At(49, 65) + " sleep 0.6 mousedown 1");
     Xdotool("mousemove " + At(60, 65));
     Xdotool("mousemove " + At(69, 65) + " mouseup 1");
     EXPECT_DOUBLE_EQ(bar->widths[0] * 50, 70.0);
